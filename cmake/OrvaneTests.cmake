@@ -1,0 +1,64 @@
+# Functions that build tests, examples and benchmarks and register them with ctest.
+#
+# Two labels steer scripts/check: "unsanitised" tests run in the optimised build too (timing, kill, install), and
+# "slow" ones are left out by --fast.
+
+# Debian ships GoogleTest built for itself and as sources; a cross build compiles the sources.
+macro(orvane_find_googletest)
+  if(NOT TARGET GTest::gtest_main AND CMAKE_CROSSCOMPILING)
+    set(INSTALL_GTEST OFF)
+    add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  elseif(NOT TARGET GTest::gtest_main)
+    find_package(GTest REQUIRED)
+  endif()
+  include(GoogleTest)
+endmacro()
+
+# Programs of these functions stay in their folder of the build tree, away from the products.
+function(orvane_program name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE orvane orvane_warnings)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
+# orvane_test(<name> <source>... [LINK <library>...] [LABEL <label>] [TIMEOUT <seconds>])
+# builds a GoogleTest program of the calling folder; ctest knows every test of it as <name>.<Suite>.<Test>.
+function(orvane_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL;TIMEOUT" "LINK")
+  orvane_find_googletest()
+  orvane_program(test_${name} ${arg_UNPARSED_ARGUMENTS})
+  target_link_libraries(test_${name} PRIVATE ${arg_LINK} GTest::gtest_main)
+  set(properties "")
+  foreach(property LABEL TIMEOUT)
+    if(DEFINED arg_${property})
+      string(REPLACE LABEL LABELS key ${property})
+      list(APPEND properties ${key} ${arg_${property}})
+    endif()
+  endforeach()
+  if(properties)
+    list(PREPEND properties PROPERTIES)
+  endif()
+  gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST ${properties})
+endfunction()
+
+# orvane_python_test(<name> <file>) registers a unittest file of the calling folder as python.<name>.
+function(orvane_python_test name file)
+  add_test(NAME python.${name}
+    COMMAND Python3::Interpreter -B -m unittest discover -s ${CMAKE_CURRENT_SOURCE_DIR} -p ${file}
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+endfunction()
+
+# orvane_example(<name> <source>...) builds an example; that it runs and returns 0 is the test example.<name>.
+function(orvane_example name)
+  orvane_program(example_${name} ${ARGN})
+  add_test(NAME example.${name} COMMAND example_${name})
+endfunction()
+
+# orvane_bench(<name> <source>...) builds a Google Benchmark program; a short run of it is the test bench.<name>.
+function(orvane_bench name)
+  find_package(benchmark REQUIRED)
+  orvane_program(bench_${name} ${ARGN})
+  target_link_libraries(bench_${name} PRIVATE benchmark::benchmark benchmark::benchmark_main)
+  add_test(NAME bench.${name} COMMAND bench_${name} --benchmark_min_time=0.01)
+  set_tests_properties(bench.${name} PROPERTIES LABELS unsanitised)
+endfunction()
