@@ -19,6 +19,7 @@ constexpr Row kTexts[] = {
     {ErrorNumber::OutOfMemory, "Out of memory"},
     {ErrorNumber::SubscriptOutOfRange, "Subscript out of range"},
     {ErrorNumber::TypeMismatch, "Type mismatch"},
+    {ErrorNumber::OutOfStackSpace, "Out of stack space"},
     {ErrorNumber::DllLoading, "Error in loading DLL"},
     {ErrorNumber::BadFileName, "Bad file name or number"},
     {ErrorNumber::FileNotFound, "File not found"},

@@ -16,6 +16,7 @@ enum class ErrorNumber : int {
   OutOfMemory = 7,           ///< memory could not be had
   SubscriptOutOfRange = 9,   ///< index outside a fixed array
   TypeMismatch = 13,         ///< a text or a value of a wrong type where a number must stand
+  OutOfStackSpace = 28,      ///< linked documents that lead back to themselves, or too deep
   DllLoading = 48,           ///< a language resource library that cannot be loaded
   BadFileName = 52,          ///< a name that the file system cannot hold
   FileNotFound = 53,         ///< job file, body file or stream file missing

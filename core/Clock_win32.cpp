@@ -1,0 +1,25 @@
+#include <windows.h>
+
+#include "core/FileSystem.h"
+
+namespace orvane {
+
+namespace {
+
+class SystemClock : public Clock {
+ public:
+  Date now() const override {
+    SYSTEMTIME local;
+    GetLocalTime(&local);
+    return dateOf(local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond);
+  }
+};
+
+}  // namespace
+
+std::shared_ptr<Clock> systemClock() {
+  static const auto instance = std::make_shared<SystemClock>();
+  return instance;
+}
+
+}  // namespace orvane

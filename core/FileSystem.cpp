@@ -1,0 +1,92 @@
+#include "core/FileSystem.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "core/Disk.h"
+#include "core/Paths.h"
+
+namespace orvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class SystemFileSystem : public FileSystem {
+ public:
+  bool folderExists(TextView folder) const override {
+    std::error_code ignored;
+    return !folder.empty() && fs::is_directory(nativePath(folder), ignored);
+  }
+
+  bool fileExists(TextView file) const override {
+    std::error_code ignored;
+    const auto status = fs::status(nativePath(file), ignored);
+    return !file.empty() && fs::exists(status) && !fs::is_directory(status);
+  }
+
+  void copyFile(TextView from, TextView to) const override {
+    if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);
+    const fs::path target = nativePath(to);
+    if (!fs::is_directory(target.parent_path())) throw Error(ErrorNumber::PathNotFound);
+    fs::path partial = target;
+    partial += ".orvane-copy.tmp";
+    std::error_code failure;
+    fs::copy_file(nativePath(from), partial, fs::copy_options::overwrite_existing, failure);
+    if (!failure) fs::rename(partial, target, failure);
+    if (!failure) return;
+    std::error_code ignored;
+    fs::remove(partial, ignored);
+    raise(failure);
+  }
+
+  std::vector<Text> files(TextView folder) const override {
+    std::vector<Text> names;
+    std::error_code failure;
+    for (fs::directory_iterator entry(nativePath(folder), failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+      if (!entry->is_directory()) names.push_back(entry->path().filename().u16string());
+    }
+    if (failure) raise(failure);
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  std::string readBytes(TextView file, std::size_t most) const override {
+    if (!fileExists(file)) throw Error(ErrorNumber::FileNotFound);
+    std::ifstream stream(fs::path(nativePath(file)), std::ios::binary);
+    if (!stream) throw Error(ErrorNumber::PermissionDenied);
+    stream.seekg(0, std::ios::end);
+    const auto size = static_cast<std::size_t>(std::max<std::streamoff>(0, stream.tellg()));
+    std::string bytes(std::min(size, most), '\0');
+    stream.seekg(0);
+    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+    return bytes;
+  }
+};
+
+// Days from 1 March 0000 of the proleptic calendar to the first of a month counted from March.
+constexpr std::int64_t daysBefore(std::int64_t year, int month) {
+  const std::int64_t y = month < 3 ? year - 1 : year;
+  const std::int64_t m = month < 3 ? month + 9 : month - 3;
+  return 365 * y + y / 4 - y / 100 + y / 400 + (153 * m + 2) / 5;
+}
+
+}  // namespace
+
+std::shared_ptr<FileSystem> systemFileSystem() {
+  static const auto instance = std::make_shared<SystemFileSystem>();
+  return instance;
+}
+
+Date dateOf(int year, int month, int day, int hour, int minute, int second) {
+  const std::int64_t days = daysBefore(year, month) + day - (daysBefore(1899, 12) + 30);
+  const double fraction = (hour * 3600 + minute * 60 + second) / 86400.0;
+  // Before the epoch the fraction still counts forward from midnight, so it is taken away from a negative
+  // whole.
+  return {days < 0 ? static_cast<double>(days) - fraction : static_cast<double>(days) + fraction};
+}
+
+}  // namespace orvane

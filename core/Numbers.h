@@ -1,0 +1,37 @@
+// Numbers to and from text, in one place. Nothing here reads or changes the process's locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "core/Text.h"
+#include "core/Values.h"
+
+namespace orvane {
+
+/// A double rounded to the nearest whole number, halves to even. Error 6 where it does not fit 32 bits.
+std::int32_t roundToLong(double number);
+
+/// Four decimals, halves to even. Error 6 where they do not fit.
+Currency toCurrency(double number);
+double toDouble(Currency amount);
+
+/// The job file's form: the shortest decimal that reads back to the same double, with a point.
+Text numberText(double number);
+
+/// The number that a whole text spells (blanks around it allowed, a point as separator); nothing where it
+/// spells none. A number beyond the largest double reads as infinity.
+std::optional<double> parseNumber(TextView text);
+
+/// Decimal digits, with a leading minus for a negative value.
+Text decimalText(std::int64_t number);
+
+/// The run time's conversion of a double: at most 15 significant digits, "1E-05", the given decimal
+/// separator.
+Text displayText(double number, TextView separator);
+
+/// The user's decimal separator. On Windows the user's regional setting; elsewhere what LC_ALL, LC_NUMERIC
+/// and LANG name.
+Text decimalSeparator();
+
+}  // namespace orvane

@@ -1,0 +1,73 @@
+#include "core/ProfileAccess.h"
+
+#include <algorithm>
+
+#include "core/Numbers.h"
+
+namespace orvane {
+
+std::shared_ptr<JobFile> ProfileAccess::open(const Text& fullName) {
+  auto& entry = files_[fullName];
+  if (auto file = entry.lock()) return file;
+  auto file = std::make_shared<JobFile>(fullName);
+  file->flushEveryWrite(flushEveryWrite_);
+  entry = file;
+  if (files_.size() > sweepAt_) {
+    std::erase_if(files_, [](const auto& item) { return item.second.expired(); });
+    sweepAt_ = std::max<std::size_t>(64, 2 * files_.size());
+  }
+  return file;
+}
+
+const std::shared_ptr<JobFile>& ProfileAccess::noFile() {
+  static thread_local const auto file = std::make_shared<JobFile>(Text());
+  return file;
+}
+
+Text ProfileAccess::LeggiTesto(JobFile& file, TextView section, TextView key, TextView missing,
+                               std::size_t most) const {
+  return Text(file.read(section, key).value_or(missing).substr(0, most));
+}
+
+double ProfileAccess::LeggiNumero(JobFile& file, TextView section, TextView key, double missing) const {
+  const auto stored = file.read(section, key);
+  return stored ? parseNumber(*stored).value_or(missing) : missing;
+}
+
+Date ProfileAccess::LeggiData(JobFile& file, TextView section, TextView key, Date missing) const {
+  return {LeggiNumero(file, section, key, missing.days)};
+}
+
+bool ProfileAccess::LeggiBooleano(JobFile& file, TextView section, TextView key, bool missing) const {
+  const auto stored = file.read(section, key);
+  if (!stored) return missing;
+  if (equalIgnoringCase(*stored, u"True")) return true;
+  if (equalIgnoringCase(*stored, u"False")) return false;
+  const auto number = parseNumber(*stored);
+  return number ? *number != 0 : missing;
+}
+
+void ProfileAccess::ScriviTesto(JobFile& file, TextView section, TextView key, TextView value) {
+  file.write(section, key, value);
+}
+
+void ProfileAccess::ScriviBooleano(JobFile& file, TextView section, TextView key, bool value) {
+  file.write(section, key, value ? u"-1" : u"0");
+}
+
+void ProfileAccess::ScriviNumero(JobFile& file, TextView section, TextView key, double value) {
+  file.write(section, key, numberText(value));
+}
+
+void ProfileAccess::ScriviData(JobFile& file, TextView section, TextView key, Date value) {
+  ScriviNumero(file, section, key, value.days);
+}
+
+void ProfileAccess::flushEveryWrite(bool on) {
+  flushEveryWrite_ = on;
+  for (auto& [name, entry] : files_) {
+    if (auto file = entry.lock()) file->flushEveryWrite(on);
+  }
+}
+
+}  // namespace orvane

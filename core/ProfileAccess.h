@@ -1,0 +1,53 @@
+// Typed access to job files: texts, numbers, dates and booleans under a section and a key.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+#include "core/JobFile.h"
+#include "core/Values.h"
+
+namespace orvane {
+
+/// One per thread, made and released by the factory. A file with an empty name reads as empty and swallows
+/// what is written. Errors of the store (70, 61, 75, 57, 52, 76) pass through.
+class ProfileAccess {
+ public:
+  /// Texts longer than this are cut to it on reading; the library always passes it.
+  static constexpr std::size_t kLongestText = 255;
+
+  /// The job file of that name; documents of this thread that use one file share it while any of them holds
+  /// it.
+  std::shared_ptr<JobFile> open(const Text& fullName);
+
+  /// The file without a name, which every component has until it is bound.
+  static const std::shared_ptr<JobFile>& noFile();
+
+  Text LeggiTesto(JobFile& file, TextView section, TextView key, TextView missing = {},
+                  std::size_t most = kLongestText) const;
+  /// `missing` also where the stored value is no number.
+  double LeggiNumero(JobFile& file, TextView section, TextView key, double missing = 0) const;
+  Date LeggiData(JobFile& file, TextView section, TextView key, Date missing = {}) const;
+  /// True is any number but 0, and the word True; `missing` where the value is neither number nor truth
+  /// value.
+  bool LeggiBooleano(JobFile& file, TextView section, TextView key, bool missing = false) const;
+
+  void ScriviTesto(JobFile& file, TextView section, TextView key, TextView value);
+  /// -1 for True, 0 for False.
+  void ScriviBooleano(JobFile& file, TextView section, TextView key, bool value);
+  /// The shortest decimal that reads back to the same number.
+  void ScriviNumero(JobFile& file, TextView section, TextView key, double value);
+  /// As its serial number, so that it can be read as a number too.
+  void ScriviData(JobFile& file, TextView section, TextView key, Date value);
+
+  /// From now on every write of this thread reaches the device before it returns, which costs milliseconds;
+  /// off by default.
+  void flushEveryWrite(bool on);
+
+ private:
+  std::unordered_map<Text, std::weak_ptr<JobFile>> files_;
+  std::size_t sweepAt_ = 64;  // the table of names is cleared of released files when it grows past this
+  bool flushEveryWrite_ = false;
+};
+
+}  // namespace orvane

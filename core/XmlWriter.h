@@ -1,0 +1,47 @@
+// Writes a document's XML: elements and text only, no declaration, no attributes, no white space of its own.
+#pragma once
+
+#include <cstdint>
+
+#include "core/Text.h"
+#include "core/Values.h"
+
+namespace orvane {
+
+/// Elements are written as they are opened, so building costs one pass and grows with the text alone. What
+/// comes out is always well-formed as long as every `begin` has its `end`: `&`, `<`, `>` are escaped, a
+/// carriage return becomes a character reference (a parser would otherwise turn it into a line feed), and a
+/// character that XML 1.0 forbids becomes U+FFFD. Element names are written as given.
+class XmlWriter {
+ public:
+  /// The decimal separator is the user's, asked for once.
+  XmlWriter();
+  explicit XmlWriter(Text decimalSeparator) : separator_(std::move(decimalSeparator)) {}
+
+  void begin(TextView name);
+  void end(TextView name);
+
+  /// Text directly under the element that is open.
+  void text(TextView value) { escape(value); }
+
+  /// A whole element; an empty text gives `<name/>`.
+  void element(TextView name, TextView value);
+  void element(TextView name, const Text& value) { element(name, TextView(value)); }
+  void element(TextView name, const char16_t* value) { element(name, TextView(value)); }
+  void element(TextView name, std::int32_t value);
+  /// True is "-1", False is "0".
+  void element(TextView name, bool value) { element(name, std::int32_t{value ? -1 : 0}); }
+  /// The serial number, up to 15 significant digits, with the user's decimal separator.
+  void element(TextView name, Date value);
+
+  const Text& result() const& { return out_; }
+  Text result() && { return std::move(out_); }
+
+ private:
+  void escape(TextView value);
+
+  Text out_;
+  Text separator_;
+};
+
+}  // namespace orvane
