@@ -1,0 +1,60 @@
+#include "core/Fields.h"
+
+#include "core/Numbers.h"
+
+namespace orvane {
+
+void Fields::append(Property& property) {
+  (last_ == nullptr ? first_ : last_->next_) = &property;
+  last_ = &property;
+}
+
+void Fields::loadFields(JobFile& file) {
+  ProfileAccess& access = Apartment::profileAccess();
+  for (Property* p = first_; p != nullptr; p = p->next_) {
+    if (p->isKept(Kept::JobFile)) p->load(access, file, section_);
+  }
+}
+
+void Fields::renderFields(XmlWriter& xml) const {
+  for (const Property* p = first_; p != nullptr; p = p->next_) {
+    if (p->isKept(Kept::Xml)) p->render(xml);
+  }
+}
+
+void Fields::renderOne(XmlWriter& xml, const Property& property) { property.render(xml); }
+
+Property* Fields::nextProperty(const Property& property) { return property.next_; }
+
+Property::Property(Fields& owner, const char16_t* name, Kept kept) : owner_(owner), name_(name), kept_(kept) {
+  owner.append(*this);
+}
+
+void WrittenProperty::writeThrough() const {
+  if (!isKept(Kept::WriteOnly)) return;
+  ProfileAccess& access = Apartment::profileAccess();
+  write(access, *target(), section());
+}
+
+namespace detail {
+
+Text readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, const Text& missing) {
+  return access.LeggiTesto(file, section, key, missing);
+}
+
+std::int32_t readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key,
+                       std::int32_t missing) {
+  return roundToLong(access.LeggiNumero(file, section, key, missing));
+}
+
+bool readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, bool missing) {
+  return access.LeggiBooleano(file, section, key, missing);
+}
+
+Date readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, Date missing) {
+  return access.LeggiData(file, section, key, missing);
+}
+
+}  // namespace detail
+
+}  // namespace orvane

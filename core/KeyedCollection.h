@@ -1,0 +1,103 @@
+// An ordered collection whose items also have keys, with the look-up that all of the library's collections
+// share.
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "core/Error.h"
+#include "core/Values.h"
+
+namespace orvane {
+
+/// What a client's key means: a plain number, or a text that spells one exactly as the run time displays it
+/// ("2", not "02"), is a position counted from 0; any other text is a key; anything else finds nothing.
+struct CollectionKey {
+  explicit CollectionKey(const Variant& key);
+  std::optional<std::int64_t> position;
+  std::optional<Text> text;
+};
+
+/// Keys compare without the case of ASCII and Latin-1 letters, as all names in job files do.
+Text foldedKey(TextView key);
+
+/// Items are shared: a client that holds one keeps it after its removal.
+template <class Item>
+class KeyedCollection {
+ public:
+  using Pointer = std::shared_ptr<Item>;
+
+  /// Error 457 where the key is taken; nothing is added then.
+  void add(TextView key, Pointer item) {
+    Text folded = foldedKey(key);
+    if (!byKey_.emplace(folded, item).second) throw Error(ErrorNumber::DuplicateKey);
+    items_.push_back({std::move(folded), std::move(item)});
+  }
+
+  /// Null where there is none.
+  Pointer find(const CollectionKey& key) const {
+    if (key.position) return at(*key.position);
+    if (!key.text) return nullptr;
+    const auto found = byKey_.find(foldedKey(*key.text));
+    return found == byKey_.end() ? nullptr : found->second;
+  }
+
+  /// Counted from 0; null where there is none.
+  Pointer at(std::int64_t position) const {
+    return position >= 0 && position < size() ? items_[static_cast<std::size_t>(position)].item : nullptr;
+  }
+
+  /// Error 9 for a position, 5 for a key that finds nothing.
+  void remove(const CollectionKey& key) {
+    const Pointer item = find(key);
+    if (!item) throw Error(key.position ? ErrorNumber::SubscriptOutOfRange : ErrorNumber::InvalidCall);
+    const auto entry =
+        std::find_if(items_.begin(), items_.end(), [&](const Entry& e) { return e.item == item; });
+    byKey_.erase(entry->key);
+    items_.erase(entry);
+  }
+
+  void clear() {
+    items_.clear();
+    byKey_.clear();
+  }
+
+  std::int32_t size() const { return static_cast<std::int32_t>(items_.size()); }
+
+ private:
+  struct Entry {
+    Text key;
+    Pointer item;
+  };
+
+ public:
+  class Iterator {
+   public:
+    using Inner = typename std::vector<Entry>::const_iterator;
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = Pointer;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const Pointer*;
+    using reference = const Pointer&;
+    Iterator() = default;
+    explicit Iterator(Inner inner) : inner_(inner) {}
+    const Pointer& operator*() const { return inner_->item; }
+    Iterator& operator++() { return ++inner_, *this; }
+    Iterator operator++(int) { return Iterator(inner_++); }
+    bool operator==(const Iterator&) const = default;
+
+   private:
+    Inner inner_;
+  };
+  Iterator begin() const { return Iterator(items_.begin()); }
+  Iterator end() const { return Iterator(items_.end()); }
+
+ private:
+  std::vector<Entry> items_;
+  std::unordered_map<Text, Pointer> byKey_;
+};
+
+}  // namespace orvane
