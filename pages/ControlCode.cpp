@@ -1,0 +1,68 @@
+#include "pages/ControlCode.h"
+
+#include <algorithm>
+
+#include "core/Error.h"
+#include "core/Numbers.h"
+
+namespace orvane {
+
+namespace {
+
+// What a missing key reads as: without a ";" at its end, so that the last byte keeps its value.
+constexpr TextView kMissing = u"000;000;000;000;000;000;000";
+
+std::uint8_t toByte(TextView piece) {
+  const auto number = parseNumber(piece);
+  if (!number) throw Error(ErrorNumber::TypeMismatch);
+  const std::int32_t rounded = roundToLong(*number);
+  if (rounded < 0 || rounded > 255) throw Error(ErrorNumber::Overflow);
+  return static_cast<std::uint8_t>(rounded);
+}
+
+}  // namespace
+
+std::uint8_t ControlCode::at(std::uint8_t index) const {
+  if (index >= kSize) throw Error(ErrorNumber::SubscriptOutOfRange);
+  return bytes_[index];
+}
+
+void ControlCode::set(std::uint8_t index, std::uint8_t byte) {
+  if (index >= kSize) throw Error(ErrorNumber::SubscriptOutOfRange);
+  bytes_[index] = byte;
+  writeThrough();
+}
+
+void ControlCode::assign(const Bytes& bytes) {
+  bytes_ = bytes;
+  writeThrough();
+}
+
+Text ControlCode::digits() const {
+  Text out;
+  for (const std::uint8_t byte : bytes_) {
+    for (const int unit : {byte / 100, byte / 10 % 10, byte % 10}) out += static_cast<char16_t>(u'0' + unit);
+    out += u';';
+  }
+  return out;
+}
+
+void ControlCode::write(ProfileAccess& access, JobFile& file, const char16_t* section) const {
+  Text text;
+  for (const std::uint8_t byte : bytes_) (text += decimalText(byte)) += u';';
+  access.ScriviTesto(file, section, name(), text);
+}
+
+// What follows the last ";" is never read: what was written ends in one, and all seven bytes are read.
+void ControlCode::load(ProfileAccess& access, JobFile& file, const char16_t* section) {
+  const Text text = access.LeggiTesto(file, section, name(), kMissing);
+  TextView rest = text;
+  for (std::size_t i = 0; rest.find(u';') != TextView::npos; ++i) {
+    const auto end = rest.find(u';');
+    if (i >= kSize) throw Error(ErrorNumber::SubscriptOutOfRange);
+    bytes_[i] = toByte(rest.substr(0, end));
+    rest.remove_prefix(end + 1);
+  }
+}
+
+}  // namespace orvane

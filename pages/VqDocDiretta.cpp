@@ -1,0 +1,25 @@
+#include "pages/VqDocDiretta.h"
+
+#include "core/VqDocProprieta.h"
+
+namespace orvane {
+
+void VqDocDiretta::ImpostaFile(const std::shared_ptr<JobFile>& file) {
+  Component::ImpostaFile(file);
+  bind(file, CatalogoDestinazione);
+}
+
+void VqDocDiretta::LeggiFile() {
+  Component::LeggiFile();
+  const Text& id = properties_.Id;
+  const VqDocFile prepared{properties_.FileIntestazione.Percorso + u'\\' + id, id + u".vqd"};
+  if (Apartment::fileSystem().fileExists(prepared.File())) FileDiretto = prepared;
+  load(CatalogoDestinazione);
+}
+
+void VqDocDiretta::renderParts(XmlWriter& xml) const {
+  renderFile(xml, u"FileDiretto", FileDiretto);
+  render(xml, CatalogoDestinazione);
+}
+
+}  // namespace orvane
