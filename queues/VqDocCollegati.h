@@ -1,0 +1,84 @@
+// The documents that the server handles together with a document: one design for the three kinds.
+#pragma once
+
+#include "core/Component.h"
+#include "core/KeyedCollection.h"
+#include "typelib/enumerations.h"
+
+namespace orvane {
+
+/// Raised (as error 28) when linked documents lead back to a document that is being loaded, or reach too
+/// deep.
+class LoadingChain {
+ public:
+  explicit LoadingChain(const Text& jobFile);
+  ~LoadingChain();
+  LoadingChain(const LoadingChain&) = delete;
+  LoadingChain& operator=(const LoadingChain&) = delete;
+};
+
+/// Section "Collegati" of the owner's job file: where each linked document's own job file lies. Only `Copie`
+/// is written when it is set; the list is written by `Salva` and read when the owner is loaded, when a listed
+/// file that is gone is skipped. Keys are the documents' `Proprieta.Id`. `traits` says what differs between
+/// the kinds.
+template <class Document, class Traits>
+class LinkedDocuments : public Component {
+ public:
+  using Pointer = std::shared_ptr<Document>;
+
+  LinkedDocuments() : Component(u"Collegati", u"Collegati") {}
+
+  Copies Copie{*this, Traits::kept};
+
+  /// Forget the documents. Their job files stay, and the list in the owner's job file too, until `Salva`.
+  void RemoveAll() { documents_.clear(); }
+
+  /// Append a document under its Id. Error 457 where that Id is there, 91 for no document. A document that
+  /// its queue state says is deleted is silently left out, where the kind is one that does so.
+  void Add(Pointer document);
+
+  /// By position from 0, or by Id: see `CollectionKey`. Null where there is none.
+  Pointer Item(const Variant& KeyDocumento) const { return documents_.find(CollectionKey(KeyDocumento)); }
+  bool Exists(const Variant& KeyDocumento) const { return Item(KeyDocumento) != nullptr; }
+  std::int32_t Count() const { return documents_.size(); }
+
+  /// Write the list: "NumeroCollegati" and, for each position from 0, "Percorso" and "Nome" with the
+  /// position. Entries of an earlier, longer list stay behind, past the number. All of it is one replacement
+  /// of the job file.
+  void Salva();
+
+  auto begin() const { return documents_.begin(); }
+  auto end() const { return documents_.end(); }
+
+ protected:
+  void LeggiFile() override;
+
+ private:
+  void addListed(ProfileAccess& access, JobFile& file, std::int32_t position);
+
+  KeyedCollection<Document> documents_;
+};
+
+/// What keeps a kind out of the collection, and whether the collection has XML.
+struct PrintLinks {
+  static constexpr Kept kept = Kept::JobFileAndXml;
+  template <class Document>
+  static bool admits(const Document&) {
+    return true;
+  }
+};
+
+template <auto deleted>
+struct TransmittedLinks {
+  static constexpr Kept kept = Kept::JobFile;
+  template <class Document>
+  static bool admits(const Document& document) {
+    return document.Coda.Codice.get() != deleted;
+  }
+};
+
+using VqDocCollegatiStampa = LinkedDocuments<class VqDocStampa, PrintLinks>;
+using VqDocCollegatiFax = LinkedDocuments<class VqDocFax, TransmittedLinks<vdcf_Eliminato>>;
+using VqDocCollegatiEmail = LinkedDocuments<class VqDocEmail, TransmittedLinks<vdce_Eliminato>>;
+
+}  // namespace orvane
