@@ -1,0 +1,78 @@
+// What all documents do alike: bind to a job file, load from one, render themselves.
+#pragma once
+
+#include "core/VqDocProprieta.h"
+#include "pages/VqDocPagine.h"
+
+namespace orvane {
+
+/// What one kind of document is called.
+struct DocumentKind {
+  enmVqDocTipo type;
+  const char16_t* section;          ///< of the document's own values in the job file
+  const char16_t* element;          ///< root of its XML
+  const char16_t* className;        ///< the text of the root
+  const char16_t* extension;        ///< of a job of its own
+  const char16_t* linkedExtension;  ///< of a job that is linked to another
+};
+
+/// A document owns its components for its whole life. It is new until `Inizializza` or `Carica` binds it,
+/// once, to its job file; before, its members work and nothing is written. When a document is released, a job
+/// file that it changed is flushed to the device. All members are used on the thread whose factory made the
+/// document.
+class Document : public Fields, protected Owner {
+ public:
+  VqDocPagine Pagine;
+  VqDocProprieta Proprieta;
+  ReadOnly<bool, Document> Inizializzato;  ///< bound to a job file
+
+  /// Bind to the job file `Id` with the kind's extension (the linked one where `Collegato`) in an existing
+  /// folder, and write identity and kind into it. Error 445 where bound already, 76 where the folder is empty
+  /// or missing; then nothing changes. An error of the job-file store leaves the document half bound and not
+  /// initialised.
+  void Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collegato = false);
+
+  /// Bind to an existing job file and read everything back, from one reading of the file. Error 445 where
+  /// bound already, 76 where the folder is empty or missing, 53 where the file is, 28 where its linked
+  /// documents lead back to it.
+  void Carica(TextView Percorso, TextView NomeFile);
+
+  /// The document as XML text, without a line break at its end. Changes nothing, in any state.
+  Text Xml() const;
+
+  const DocumentKind& kind() const { return kind_; }
+
+ protected:
+  explicit Document(const DocumentKind& kind) : Fields(kind.section), kind_(kind) {}
+
+  /// The components of the kind, in the order of binding, of loading and of the XML. `Pagine` is bound by the
+  /// base, last.
+  virtual void bindComponents(const std::shared_ptr<JobFile>& file) = 0;
+  virtual void loadComponents(const std::shared_ptr<JobFile>& file) = 0;
+  virtual void renderComponents(XmlWriter& xml) const = 0;
+
+  /// What a kind does once `Inizializza` has bound its components.
+  virtual void initialised() {}
+
+  /// The document's own values go to the file that `Proprieta.FileIntestazione` names at the time of the
+  /// call.
+  std::shared_ptr<JobFile> jobFile() const override { return Proprieta.headerFile(); }
+
+ private:
+  friend class WrappingDocument;
+  friend class VqDocumenti;
+  void InizializzaDocumento(TextView id, TextView folder, TextView fileName, bool linked);
+  void NodoXml(XmlWriter& xml) const;
+  std::shared_ptr<JobFile> bindHeader(TextView folder, TextView fileName);
+
+  const DocumentKind& kind_;
+  std::shared_ptr<JobFile> file_;  // held for life, so that the kept image of the file lives as long
+};
+
+/// The checks that every binding begins with: error 445 where bound, 76 where the folder is empty or missing.
+void checkBinding(bool initialised, TextView folder);
+
+/// The further checks of loading: error 53 where the name is empty or the file is missing.
+void checkLoading(bool initialised, TextView folder, TextView fileName);
+
+}  // namespace orvane

@@ -1,0 +1,47 @@
+// The factory: where every client begins.
+#pragma once
+
+#include <memory>
+
+#include "core/VqDocStampa.h"
+#include "email/VqDocAnteprima.h"
+#include "email/VqDocPbl.h"
+
+namespace orvane {
+
+/// Makes the services that the thread's documents share, and takes them away when it ends, even while
+/// documents are alive; those then raise error 91 wherever they need one, until a new factory is made. Keep
+/// one factory a thread for as long as documents are used.
+class VqDocumenti {
+ public:
+  VqDocumenti();
+  ~VqDocumenti();
+  VqDocumenti(const VqDocumenti&) = delete;
+  VqDocumenti& operator=(const VqDocumenti&) = delete;
+
+  /// A new document, not bound to a job file.
+  std::shared_ptr<VqDocStampa> NuovoDocumentoStampa() const;
+  std::shared_ptr<VqDocFax> NuovoDocumentoFax() const;
+  std::shared_ptr<VqDocPFax> NuovoDocumentoPFax() const;
+  std::shared_ptr<VqDocAnteprima> NuovoDocumentoAnteprima() const;
+  std::shared_ptr<VqDocEmail> NuovoDocumentoEmail() const;
+  std::shared_ptr<VqDocPbl> NuovoDocumentoPbl() const;
+
+  /// Copy print options, queue state, properties, body and script files, control codes and linked jobs of a
+  /// print document into another that is bound already. Not copied: pages, `Pinzatura`, `Id`, `Intestatario`,
+  /// `Funzione`, `LetturaFacilitata`, the codes of error, command, outcome and kind. Each linked job becomes
+  /// `<Id>_<linked Id>.lvq` in the folder of the destination. Each job file is replaced once. Error 91 for no
+  /// document; any error stops the copy, and what was copied stays.
+  void DuplicaDocumentoStampa(const std::shared_ptr<VqDocStampa>& DocOriginale,
+                              const std::shared_ptr<VqDocStampa>& DocDestinazione) const;
+
+  /// From now on every assignment of this thread's documents reaches the device before it returns. It costs
+  /// milliseconds each; without it a job is on the device when its document is released.
+  void flushEveryWrite(bool on) const;
+
+ private:
+  void duplicateLinked(const VqDocStampa& from, VqDocStampa& to) const;
+  static void copyQueue(const VqDocStampa& from, VqDocStampa& to);
+};
+
+}  // namespace orvane
