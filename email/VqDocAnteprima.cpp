@@ -1,0 +1,7 @@
+#include "email/VqDocAnteprima.h"
+
+namespace orvane {
+
+VqDocAnteprima::VqDocAnteprima() : WrappingDocument(kKind) {}
+
+}  // namespace orvane
