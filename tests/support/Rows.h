@@ -7,7 +7,8 @@
 
 namespace orvane::test {
 
-/// The base of a row: its name stands in the test's name and where the row is printed. Letters and digits only.
+/// The base of a row: its name stands in the test's name and where the row is printed. Letters and digits
+/// only.
 struct Row {
   const char* name;
   friend std::ostream& operator<<(std::ostream& out, const Row& row) { return out << row.name; }

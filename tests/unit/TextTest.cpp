@@ -31,7 +31,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Encoding{"FirstOfFourBytes", u"\U00010000", "\xF0\x90\x80\x80"},
                     Encoding{"Last", u"\U0010FFFF", "\xF4\x8F\xBF\xBF"},
                     Encoding{"Mixed", u"aè€😀", "a\xC3\xA8\xE2\x82\xAC\xF0\x9F\x98\x80"},
-                    Encoding{"LoneHighSurrogate", Text{0xD800, u'a'}, "\xED\xA0\x80" "a"},
+                    Encoding{"LoneHighSurrogate", Text{0xD800, u'a'},
+                             "\xED\xA0\x80"
+                             "a"},
                     Encoding{"HighSurrogateAtTheEnd", Text{u'a', 0xDBFF}, "a\xED\xAF\xBF"},
                     Encoding{"LoneLowSurrogate", Text{0xDFFF}, "\xED\xBF\xBF"},
                     Encoding{"SurrogatesInWrongOrder", Text{0xDC00, 0xD800}, "\xED\xB0\x80\xED\xA0\x80"}),
@@ -69,9 +71,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Windows1252, ReadsEveryByteOfTheUpperControlsByItsTable) {
   std::string bytes;
   for (int byte = 0x80; byte <= 0x9F; ++byte) bytes += static_cast<char>(byte);
-  EXPECT_EQ(fromWindows1252(bytes),
-            Text(u"€") + char16_t{0x81} + u"‚ƒ„…†‡ˆ‰Š‹Œ" + char16_t{0x8D} + u"Ž" + char16_t{0x8F} +
-                char16_t{0x90} + u"‘’“”•–—˜™š›œ" + char16_t{0x9D} + u"žŸ");
+  EXPECT_EQ(fromWindows1252(bytes), Text(u"€") + char16_t{0x81} + u"‚ƒ„…†‡ˆ‰Š‹Œ" + char16_t{0x8D} + u"Ž" +
+                                        char16_t{0x8F} + char16_t{0x90} + u"‘’“”•–—˜™š›œ" + char16_t{0x9D} +
+                                        u"žŸ");
 }
 
 TEST(Windows1252, ReadsEveryOtherByteAsTheUnitOfItsValue) {

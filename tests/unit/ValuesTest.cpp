@@ -18,18 +18,20 @@ TEST_P(VariantConversion, ReadsAsWholeNumber) { EXPECT_EQ(toLong(GetParam().valu
 
 TEST_P(VariantConversion, ReadsAsText) { EXPECT_EQ(toText(GetParam().value), GetParam().asText); }
 
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, VariantConversion,
-    testing::Values(Conversion{"Empty", {}, 0, u""}, Conversion{"True", true, -1, u"True"},
-                    Conversion{"False", false, 0, u"False"},
-                    Conversion{"Byte", std::uint8_t{255}, 255, u"255"},
-                    Conversion{"Integer", std::int16_t{-7}, -7, u"-7"},
-                    Conversion{"Long", std::int32_t{100000}, 100000, u"100000"},
-                    Conversion{"Single", 2.5f, 2, u"2.5"}, Conversion{"Double", 3.5, 4, u"3.5"},
-                    Conversion{"Currency", Currency{-15000}, -2, u"-1.5"},
-                    Conversion{"Date", Date{39814.75}, 39815, u"39814.75"},
-                    Conversion{"Text", u"7.5", 8, u"7.5"}, Conversion{"TextWithBlanks", u" 12 ", 12, u" 12 "}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Kinds, VariantConversion,
+                         testing::Values(Conversion{"Empty", {}, 0, u""},
+                                         Conversion{"True", true, -1, u"True"},
+                                         Conversion{"False", false, 0, u"False"},
+                                         Conversion{"Byte", std::uint8_t{255}, 255, u"255"},
+                                         Conversion{"Integer", std::int16_t{-7}, -7, u"-7"},
+                                         Conversion{"Long", std::int32_t{100000}, 100000, u"100000"},
+                                         Conversion{"Single", 2.5f, 2, u"2.5"},
+                                         Conversion{"Double", 3.5, 4, u"3.5"},
+                                         Conversion{"Currency", Currency{-15000}, -2, u"-1.5"},
+                                         Conversion{"Date", Date{39814.75}, 39815, u"39814.75"},
+                                         Conversion{"Text", u"7.5", 8, u"7.5"},
+                                         Conversion{"TextWithBlanks", u" 12 ", 12, u" 12 "}),
+                         rowName);
 
 struct Unreadable : Row {
   Variant value;
@@ -49,7 +51,8 @@ TEST_P(VariantWithoutNumber, IsAMismatchForEveryConversion) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, VariantWithoutNumber,
                          testing::Values(Unreadable{"Null", Null{}}, Unreadable{"Word", u"tre"},
-                                         Unreadable{"EmptyText", u""}, Unreadable{"Array", VariantArray{1, 2}},
+                                         Unreadable{"EmptyText", u""},
+                                         Unreadable{"Array", VariantArray{1, 2}},
                                          Unreadable{"Object", ObjectRef{}}, Unreadable{"Opaque", Opaque{}}),
                          rowName);
 
