@@ -1,0 +1,46 @@
+#!/usr/bin/env python3
+"""Makes the code that follows from the description of the public boundary: generate.py IDL OUTDIR
+
+A file whose content would stay the same is left alone, so that nothing is compiled anew without need.
+"""
+
+import argparse
+import pathlib
+import sys
+
+import emit_enumerations
+import emit_members
+import idl
+
+# Every output, named from OUTDIR, and the function that writes it.
+OUTPUTS = {
+    "typelib/enumerations.h": emit_enumerations.header,
+    "typelib/classes.h": emit_members.classes_header,
+    "typelib/readers.h": emit_members.readers_header,
+    "members.cpp": emit_members.source,
+}
+
+
+def write_if_changed(path, content):
+    data = content.encode("utf-8")
+    if path.exists() and path.read_bytes() == data:
+        return
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(data)
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Makes code from the description of the public boundary.")
+    parser.add_argument("idl")
+    parser.add_argument("outdir", type=pathlib.Path)
+    arguments = parser.parse_args()
+    try:
+        library = idl.read_file(arguments.idl)
+    except (OSError, UnicodeDecodeError, idl.IdlError) as error:
+        sys.exit(str(error))
+    for name, emit in OUTPUTS.items():
+        write_if_changed(arguments.outdir / name, emit(library))
+
+
+if __name__ == "__main__":
+    main()
