@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/Disk.h"
+#include "core/Error.h"
 #include "core/Paths.h"
 
 namespace orvane {
@@ -13,27 +13,47 @@ namespace {
 
 namespace fs = std::filesystem;
 
+fs::path pathOf(TextView published) {
+  const std::string utf8 = nativePath(published);
+  return std::u8string(utf8.begin(), utf8.end());
+}
+
+[[noreturn]] void raise(const std::error_code& failure) {
+  const std::pair<std::errc, ErrorNumber> kNumbers[] = {
+      {std::errc::no_space_on_device, ErrorNumber::DiskFull},
+      {std::errc::permission_denied, ErrorNumber::PermissionDenied},
+      {std::errc::operation_not_permitted, ErrorNumber::PermissionDenied},
+      {std::errc::read_only_file_system, ErrorNumber::PermissionDenied},
+      {std::errc::no_such_file_or_directory, ErrorNumber::PathNotFound},
+      {std::errc::too_many_files_open, ErrorNumber::TooManyFiles},
+      {std::errc::io_error, ErrorNumber::DeviceIo}};
+  for (const auto& [condition, number] : kNumbers) {
+    if (failure == condition) throw Error(number);
+  }
+  throw Error(ErrorNumber::PathFileAccess);
+}
+
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
     std::error_code ignored;
-    return !folder.empty() && fs::is_directory(nativePath(folder), ignored);
+    return !folder.empty() && fs::is_directory(pathOf(folder), ignored);
   }
 
   bool fileExists(TextView file) const override {
     std::error_code ignored;
-    const auto status = fs::status(nativePath(file), ignored);
+    const auto status = fs::status(pathOf(file), ignored);
     return !file.empty() && fs::exists(status) && !fs::is_directory(status);
   }
 
   void copyFile(TextView from, TextView to) const override {
     if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);
-    const fs::path target = nativePath(to);
+    const fs::path target = pathOf(to);
     if (!fs::is_directory(target.parent_path())) throw Error(ErrorNumber::PathNotFound);
     fs::path partial = target;
     partial += ".orvane-copy.tmp";
     std::error_code failure;
-    fs::copy_file(nativePath(from), partial, fs::copy_options::overwrite_existing, failure);
+    fs::copy_file(pathOf(from), partial, fs::copy_options::overwrite_existing, failure);
     if (!failure) fs::rename(partial, target, failure);
     if (!failure) return;
     std::error_code ignored;
@@ -44,7 +64,7 @@ class SystemFileSystem : public FileSystem {
   std::vector<Text> files(TextView folder) const override {
     std::vector<Text> names;
     std::error_code failure;
-    for (fs::directory_iterator entry(nativePath(folder), failure), end; !failure && entry != end;
+    for (fs::directory_iterator entry(pathOf(folder), failure), end; !failure && entry != end;
          entry.increment(failure)) {
       if (!entry->is_directory()) names.push_back(entry->path().filename().u16string());
     }
@@ -55,7 +75,7 @@ class SystemFileSystem : public FileSystem {
 
   std::string readBytes(TextView file, std::size_t most) const override {
     if (!fileExists(file)) throw Error(ErrorNumber::FileNotFound);
-    std::ifstream stream(fs::path(nativePath(file)), std::ios::binary);
+    std::ifstream stream(pathOf(file), std::ios::binary);
     if (!stream) throw Error(ErrorNumber::PermissionDenied);
     stream.seekg(0, std::ios::end);
     const auto size = static_cast<std::size_t>(std::max<std::streamoff>(0, stream.tellg()));
