@@ -23,9 +23,8 @@ const JobKind* innerKind(const JobKind& kind, const NewOptions& options) {
   if (!kind.wraps() && !options.inner.empty())
     throw UsageError("--of is for pbl and anteprima, not for " + name);
   if (!kind.wraps()) return nullptr;
-  if (options.linked) throw UsageError("a " + name + " cannot be linked to another job");
-  if (options.inner.empty())
-    throw UsageError("a " + name + " needs --of KIND: the kind of the document inside");
+  if (options.linked) throw UsageError("--linked is not for " + name);
+  if (options.inner.empty()) throw UsageError(name + " needs --of KIND, the kind of the document inside");
   return &innerKindNamed(options.inner);
 }
 

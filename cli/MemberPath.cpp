@@ -95,11 +95,12 @@ const MemberInfo& assignableMember(const ClassInfo& type, const std::string& nam
   throw Failure(ErrorNumber::WrongArguments, toUtf8(type.name) + '.' + name + " cannot be assigned");
 }
 
+// A Let takes the new value after the arguments in parentheses.
 void checkArgumentCount(const MemberInfo& member, std::size_t given, const std::string& path) {
-  if (given != member.parameters.size()) {
-    throw Failure(ErrorNumber::WrongArguments,
-                  path + " takes " + std::to_string(member.parameters.size() - 1) + " in parentheses");
-  }
+  const std::size_t expected = member.parameters.size() - 1;
+  if (given == expected) return;
+  const std::string number = expected == 0 ? "no argument" : std::to_string(expected) + " argument";
+  throw Failure(ErrorNumber::WrongArguments, path + " takes " + number);
 }
 
 Reading readStep(const ObjectRef& object, const PathStep& step) {
@@ -147,7 +148,7 @@ Assignment::Assignment(const ObjectRef& document, const std::string& text) {
     }
   });
   member_ = &assignableMember(*object_.type, last.name);
-  checkArgumentCount(*member_, last.arguments.size() + 1, path_);
+  checkArgumentCount(*member_, last.arguments.size(), path_);
   arguments_ = last.arguments;
   try {
     arguments_.push_back(parseValue(text.substr(equals + 1), member_->parameters.back().type));
