@@ -65,6 +65,15 @@ VqDocumenti::~VqDocumenti() { Apartment::release(); }
 std::shared_ptr<VqDocStampa> VqDocumenti::NuovoDocumentoStampa() const {
   return std::make_shared<VqDocStampa>();
 }
+std::shared_ptr<VqDocFax> VqDocumenti::NuovoDocumentoFax() const { return std::make_shared<VqDocFax>(); }
+std::shared_ptr<VqDocPFax> VqDocumenti::NuovoDocumentoPFax() const { return std::make_shared<VqDocPFax>(); }
+std::shared_ptr<VqDocAnteprima> VqDocumenti::NuovoDocumentoAnteprima() const {
+  return std::make_shared<VqDocAnteprima>();
+}
+std::shared_ptr<VqDocEmail> VqDocumenti::NuovoDocumentoEmail() const {
+  return std::make_shared<VqDocEmail>();
+}
+std::shared_ptr<VqDocPbl> VqDocumenti::NuovoDocumentoPbl() const { return std::make_shared<VqDocPbl>(); }
 
 void VqDocumenti::flushEveryWrite(bool on) const { Apartment::profileAccess().flushEveryWrite(on); }
 

@@ -1,0 +1,73 @@
+#include "core/Disk.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "core/Error.h"
+#include "core/Paths.h"
+
+namespace orvane {
+
+namespace {
+
+using std::chrono::nanoseconds;
+
+constexpr nanoseconds kTick = std::chrono::milliseconds(50);
+constexpr nanoseconds kCoarseTick = std::chrono::seconds(2);
+
+std::string temporaryName(std::uint32_t offset) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string name = ".orvane-00000000.tmp";
+  for (std::size_t digit = 0; digit < 8; ++digit) name[15 - digit] = kDigits[(offset >> (4 * digit)) & 0xF];
+  return name;
+}
+
+}  // namespace
+
+std::int64_t presentTime() {
+  return nanoseconds(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+bool isSettled(const Stamp& stamp, std::int64_t time) {
+  const bool wholeSeconds = stamp.modified % nanoseconds(std::chrono::seconds(1)).count() == 0;
+  return nanoseconds(time - stamp.modified) > (wholeSeconds ? kCoarseTick : kTick);
+}
+
+std::uint32_t lockOffsetOf(TextView fileName) {
+  Text folded(fileName);
+  std::transform(folded.begin(), folded.end(), folded.begin(), foldCase);
+  std::uint32_t hash = 0x811C9DC5;
+  for (const char byte : toUtf8(folded)) hash = (hash ^ static_cast<std::uint8_t>(byte)) * 0x01000193u;
+  return hash;
+}
+
+DiskFile::DiskFile(TextView fullName) : path_(targetOf(nativePath(fullName))) {
+  folder_ = path_.substr(0, folderLength(path_));
+  const std::string name = path_.substr(folder_.size());
+  if (name.empty()) throw Error(ErrorNumber::BadFileName);
+  lockOffset_ = lockOffsetOf(fromUtf8(name));
+  temporary_ = folder_ + temporaryName(lockOffset_);
+}
+
+FolderLock* DiskFile::folderLock() {
+  if (!folderLock_) folderLock_ = FolderLock::of(folder_);
+  return folderLock_.get();
+}
+
+DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, bool durable) {
+  const std::int64_t modified = timeOfChange(old);
+  try {
+    writeTemporary(bytes, old, modified, durable);
+    exchange(durable);
+  } catch (...) {
+    removeTemporary();
+    throw;
+  }
+  if (durable) flushFolder();
+  Stamp now;
+  if (!tryStamp(now)) return {now, false};
+  if (old.exists && now.permissions != old.permissions) keepPermissions(now, old);
+  return {now, now.modified == modified};
+}
+
+}  // namespace orvane

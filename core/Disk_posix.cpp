@@ -1,0 +1,227 @@
+#include "core/Disk.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "core/Patience.h"
+#include "core/Retry_posix.h"
+#include "core/SystemError.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::int64_t kSecond = 1'000'000'000;
+constexpr std::uint32_t kPermissions = 0777;
+constexpr std::uint32_t kWritable = 0222;
+constexpr std::chrono::seconds kLongestRace{2};
+constexpr off_t kLargestFile = 0x7FFFFFFF;
+
+std::int64_t nanoseconds(const timespec& time) { return time.tv_sec * kSecond + time.tv_nsec; }
+
+std::int64_t clockTime(clockid_t clock) {
+  timespec time{};
+  ::clock_gettime(clock, &time);
+  return nanoseconds(time);
+}
+
+Stamp stampOf(const struct stat& state) {
+  return {.exists = true,
+          .device = state.st_dev,
+          .inode = state.st_ino,
+          .size = static_cast<std::uint64_t>(state.st_size),
+          .modified = nanoseconds(state.st_mtim),
+          .changed = nanoseconds(state.st_ctim),
+          .permissions = state.st_mode & kPermissions,
+          .owner = state.st_uid,
+          .group = state.st_gid};
+}
+
+bool isMissing(int code) { return code == ENOENT || code == ENOTDIR; }
+
+[[noreturn]] void raiseErrno(int code) { raiseSystemError(static_cast<unsigned long>(code)); }
+
+struct stat regular(const struct stat& state) {
+  if (!S_ISREG(state.st_mode)) raiseErrno(EISDIR);
+  if (state.st_size > kLargestFile) raiseErrno(ENOMEM);
+  return state;
+}
+
+// An open file, closed in the end.
+class Handle {
+ public:
+  Handle(const std::string& path, int flags, mode_t mode = 0)
+      : file_(retryInterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); })) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() {
+    if (file_ >= 0) ::close(file_);
+  }
+
+  bool isOpen() const { return file_ >= 0; }
+  int get() const { return file_; }
+
+  Stamp stamp() const {
+    struct stat state {};
+    if (::fstat(file_, &state) != 0) raiseLastSystemError();
+    return stampOf(regular(state));
+  }
+
+  // Interrupted or not, the handle is gone; anything else may be a write that the device refused late.
+  void close() {
+    const int file = file_;
+    file_ = -1;
+    if (::close(file) != 0 && errno != EINTR) raiseLastSystemError();
+  }
+
+ private:
+  int file_;
+};
+
+void readAll(const Handle& file, std::string& bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const auto got =
+        retryInterrupted([&] { return ::read(file.get(), bytes.data() + done, bytes.size() - done); });
+    if (got < 0) raiseLastSystemError();
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  bytes.resize(done);
+}
+
+void writeAll(const Handle& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const auto put = retryInterrupted([&] { return ::write(file.get(), bytes.data(), bytes.size()); });
+    if (put < 0) raiseLastSystemError();
+    if (put == 0) raiseErrno(ENOSPC);
+    bytes.remove_prefix(static_cast<std::size_t>(put));
+  }
+}
+
+void synchronise(const Handle& file) {
+  if (retryInterrupted([&] { return ::fsync(file.get()); }) != 0) raiseLastSystemError();
+}
+
+// A file system that keeps no such times is found out by the stamp after the replace.
+void setModified(const Handle& file, std::int64_t modified) {
+  const timespec time{modified / kSecond, modified % kSecond};
+  const timespec times[] = {time, time};
+  if (::futimens(file.get(), times) != 0) errno = 0;
+}
+
+constexpr int kCreate = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+
+mode_t wantedMode(const Stamp& old) { return old.exists ? old.permissions : 0666; }
+
+// Gives a new file what the file has that it stands for. `plain` is what a new file gets by itself, as far as
+// known.
+void takeOver(int file, const Stamp& old, Stamp& plain) {
+  const bool known = plain.exists && plain.owner == old.owner && plain.group == old.group;
+  if (known && (old.permissions & ~plain.permissions) == 0) return;
+  struct stat state {};
+  if (::fstat(file, &state) != 0) raiseLastSystemError();
+  plain = stampOf(state);
+  // Where the owner may not be given away, the group may.
+  const bool sameOwner = plain.owner == old.owner && plain.group == old.group;
+  if (!sameOwner && ::fchown(file, old.owner, old.group) != 0) {
+    if (::fchown(file, static_cast<uid_t>(-1), old.group) != 0) errno = 0;
+  }
+  if (plain.permissions != old.permissions && ::fchmod(file, old.permissions) != 0) errno = 0;
+}
+
+}  // namespace
+
+std::int64_t timeOfChange(const Stamp& old) {
+  const std::int64_t tick = clockTime(CLOCK_REALTIME_COARSE);
+  return std::max({clockTime(CLOCK_REALTIME), tick + 1, old.modified + 1});
+}
+
+std::string DiskFile::targetOf(std::string path) {
+  constexpr int kLongestChain = 40;
+  for (int links = 0; links < kLongestChain; ++links) {
+    std::string target(4096, '\0');
+    const auto length = ::readlink(path.c_str(), target.data(), target.size());
+    if (length < 0) return path;
+    target.resize(static_cast<std::size_t>(length));
+    path = target.starts_with('/') ? target : path.substr(0, path.rfind('/') + 1) + target;
+  }
+  raiseErrno(ELOOP);
+}
+
+bool DiskFile::tryStamp(Stamp& stamp) const noexcept {
+  struct stat state {};
+  if (::stat(path_.c_str(), &state) != 0) return false;
+  stamp = stampOf(state);
+  return true;
+}
+
+Stamp DiskFile::stamp() const {
+  struct stat state {};
+  if (::stat(path_.c_str(), &state) == 0) return stampOf(regular(state));
+  if (!isMissing(errno)) raiseLastSystemError();
+  return {};
+}
+
+Stamp DiskFile::read(std::string& bytes) const {
+  for (Patience patience(kLongestRace);;) {
+    const Handle file(path_, O_RDONLY | O_NONBLOCK);
+    bytes.clear();
+    if (!file.isOpen() && !isMissing(errno)) raiseLastSystemError();
+    if (!file.isOpen()) return {};
+    const Stamp before = file.stamp();
+    bytes.resize(before.size);
+    readAll(file, bytes);
+    const Stamp after = file.stamp();
+    const bool whole = bytes.size() == after.size && before.modified == after.modified;
+    if (whole || !patience.wait()) return before;
+  }
+}
+
+void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
+  if (old.exists && (old.permissions & kWritable) == 0) raiseErrno(EACCES);
+  Handle file(temporary_, kCreate, wantedMode(old));
+  if (!file.isOpen() && errno == EEXIST) {
+    // Its maker was killed: nobody else can be writing it while the lock is ours.
+    if (::unlink(temporary_.c_str()) != 0) raiseLastSystemError();
+    return writeTemporary(bytes, old, modified, durable);
+  }
+  if (!file.isOpen()) raiseLastSystemError();
+  if (old.exists) takeOver(file.get(), old, plain_);
+  writeAll(file, bytes);
+  setModified(file, modified);
+  if (durable) synchronise(file);
+  file.close();
+}
+
+void DiskFile::keepPermissions(Stamp& now, const Stamp& old) const noexcept {
+  if (::chmod(path_.c_str(), old.permissions) == 0) tryStamp(now);
+}
+
+void DiskFile::exchange(bool) {
+  if (retryInterrupted([&] { return ::rename(temporary_.c_str(), path_.c_str()); }) != 0)
+    raiseLastSystemError();
+}
+
+void DiskFile::removeTemporary() const noexcept { ::unlink(temporary_.c_str()); }
+
+void DiskFile::flush() const {
+  const Handle file(path_, O_RDONLY);
+  if (!file.isOpen() && isMissing(errno)) return;
+  if (!file.isOpen()) raiseLastSystemError();
+  synchronise(file);
+  flushFolder();
+}
+
+void DiskFile::flushFolder() const {
+  const Handle folder(folder_.empty() ? "." : folder_, O_RDONLY | O_DIRECTORY);
+  if (!folder.isOpen()) raiseLastSystemError();
+  // Some network file systems know no flush of a folder.
+  if (::fsync(folder.get()) != 0 && errno != EINVAL && errno != EINTR) raiseLastSystemError();
+}
+
+}  // namespace orvane

@@ -1,0 +1,224 @@
+#include "core/Disk.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <new>
+
+#include "core/Paths_win32.h"
+#include "core/Patience.h"
+#include "core/SystemError.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::int64_t kFileTimeUnit = 100;                        // nanoseconds
+constexpr std::int64_t kFileTimeOf1970 = 116'444'736'000'000'000;  // units since 1601
+constexpr std::uint64_t kLargestFile = 0x7FFFFFFF;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+// How long a reader or a virus scanner may hold a file before that is an error.
+constexpr std::chrono::seconds kLongestHold{2};
+
+std::int64_t nanoseconds(const FILETIME& time) {
+  const auto units =
+      static_cast<std::int64_t>((std::uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime);
+  return (units - kFileTimeOf1970) * kFileTimeUnit;
+}
+
+FILETIME fileTime(std::int64_t nanoseconds) {
+  const auto units = static_cast<std::uint64_t>(nanoseconds / kFileTimeUnit + kFileTimeOf1970);
+  return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
+}
+
+std::uint64_t joined(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
+
+// The clock of 100 ns, where the system has it.
+FILETIME preciseTime() {
+  using Clock = VOID(WINAPI*)(FILETIME*);
+  static const auto clock = reinterpret_cast<Clock>(reinterpret_cast<void (*)()>(
+      GetProcAddress(GetModuleHandleW(L"kernel32"), "GetSystemTimePreciseAsFileTime")));
+  FILETIME now{};
+  clock ? clock(&now) : GetSystemTimeAsFileTime(&now);
+  return now;
+}
+
+bool isMissing(DWORD code) { return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND; }
+bool isHeld(DWORD code) {
+  return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION || code == ERROR_ACCESS_DENIED ||
+         code == ERROR_USER_MAPPED_FILE;
+}
+
+bool isFolder(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Attributes say more than who owns a file, and some change by themselves.
+constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+
+Stamp makeStamp(DWORD attributes, std::uint64_t size, const FILETIME& created, const FILETIME& modified) {
+  if (attributes & FILE_ATTRIBUTE_DIRECTORY) raiseSystemError(ERROR_DIRECTORY);
+  if (size > kLargestFile) raiseSystemError(ERROR_OUTOFMEMORY);
+  Stamp stamp;
+  stamp.exists = true;
+  stamp.size = size;
+  stamp.modified = nanoseconds(modified);
+  stamp.changed = nanoseconds(created);
+  stamp.permissions = attributes & kKeptAttributes;
+  return stamp;
+}
+
+// An open file, closed in the end.
+class Handle {
+ public:
+  Handle(const std::wstring& path, DWORD access, DWORD share, DWORD how, DWORD flags = FILE_ATTRIBUTE_NORMAL)
+      : file_(CreateFileW(path.c_str(), access, share, nullptr, how, flags, nullptr)) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() { close(); }
+
+  bool isOpen() const { return file_ != INVALID_HANDLE_VALUE; }
+  HANDLE get() const { return file_; }
+
+  void close() {
+    if (isOpen()) CloseHandle(file_);
+    file_ = INVALID_HANDLE_VALUE;
+  }
+
+  Stamp stamp() const {
+    BY_HANDLE_FILE_INFORMATION state{};
+    if (!GetFileInformationByHandle(file_, &state)) raiseLastSystemError();
+    return makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
+                     state.ftCreationTime, state.ftLastWriteTime);
+  }
+
+ private:
+  HANDLE file_;
+};
+
+void readAll(const Handle& file, std::string& bytes) {
+  DWORD got = 0;
+  if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr))
+    raiseLastSystemError();
+  bytes.resize(got);
+}
+
+void writeAll(const Handle& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    DWORD put = 0;
+    const auto size = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kLargestFile));
+    if (!WriteFile(file.get(), bytes.data(), size, &put, nullptr)) raiseLastSystemError();
+    if (put == 0) raiseSystemError(ERROR_DISK_FULL);
+    bytes.remove_prefix(put);
+  }
+}
+
+// The name leads to a file throughout; whoever has the old one open keeps it.
+bool exchangeNames(const std::wstring& from, const std::wstring& to, bool durable) {
+  const DWORD flags = MOVEFILE_REPLACE_EXISTING | (durable ? MOVEFILE_WRITE_THROUGH : 0);
+  return MoveFileExW(from.c_str(), to.c_str(), flags) != 0;
+}
+
+}  // namespace
+
+std::int64_t timeOfChange(const Stamp& old) {
+  FILETIME tick{};
+  GetSystemTimeAsFileTime(&tick);
+  return std::max(
+      {nanoseconds(preciseTime()), nanoseconds(tick) + kFileTimeUnit, old.modified + kFileTimeUnit});
+}
+
+std::string DiskFile::targetOf(std::string path) { return path; }
+
+bool DiskFile::tryStamp(Stamp& stamp) const noexcept {
+  WIN32_FILE_ATTRIBUTE_DATA state{};
+  try {
+    if (!GetFileAttributesExW(widePath(path_).c_str(), GetFileExInfoStandard, &state)) return false;
+    stamp = makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
+                      state.ftCreationTime, state.ftLastWriteTime);
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
+Stamp DiskFile::stamp() const {
+  WIN32_FILE_ATTRIBUTE_DATA state{};
+  const std::wstring path = widePath(path_);
+  for (Patience patience(kLongestHold); !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &state);) {
+    const DWORD code = GetLastError();
+    if (isMissing(code)) return {};
+    if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
+  }
+  return makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
+                   state.ftCreationTime, state.ftLastWriteTime);
+}
+
+Stamp DiskFile::read(std::string& bytes) const {
+  const std::wstring path = widePath(path_);
+  for (Patience patience(kLongestHold);;) {
+    bytes.clear();
+    const Handle file(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
+    const DWORD code = file.isOpen() ? ERROR_SUCCESS : GetLastError();
+    if (isMissing(code)) return {};
+    if (isFolder(path)) raiseSystemError(ERROR_DIRECTORY);
+    if (!file.isOpen()) {
+      if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
+      continue;
+    }
+    const Stamp before = file.stamp();
+    bytes.resize(static_cast<std::size_t>(before.size));
+    readAll(file, bytes);
+    const Stamp after = file.stamp();
+    const bool whole = bytes.size() == after.size && before.modified == after.modified;
+    if (whole || !patience.wait()) return before;
+  }
+}
+
+void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
+  if (old.permissions & FILE_ATTRIBUTE_READONLY) raiseSystemError(ERROR_ACCESS_DENIED);
+  // A temporary left by a killed process is written anew: nobody else can be using it while the lock is ours.
+  Handle file(widePath(temporary_), GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL | old.permissions);
+  if (!file.isOpen()) raiseLastSystemError();
+  writeAll(file, bytes);
+  const FILETIME time = fileTime(modified);
+  SetFileTime(file.get(), nullptr, nullptr, &time);
+  if (durable && !FlushFileBuffers(file.get())) raiseLastSystemError();
+}
+
+void DiskFile::keepPermissions(Stamp& now, const Stamp& old) const noexcept try {
+  SetFileAttributesW(widePath(path_).c_str(), old.permissions ? old.permissions : FILE_ATTRIBUTE_NORMAL);
+  tryStamp(now);
+} catch (const std::bad_alloc&) {
+}
+
+void DiskFile::exchange(bool durable) {
+  const std::wstring from = widePath(temporary_);
+  const std::wstring to = widePath(path_);
+  for (Patience patience(kLongestHold); !exchangeNames(from, to, durable);) {
+    const DWORD code = GetLastError();
+    if (isFolder(to)) raiseSystemError(ERROR_DIRECTORY);
+    if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
+  }
+}
+
+void DiskFile::removeTemporary() const noexcept try {
+  DeleteFileW(widePath(temporary_).c_str());
+} catch (const std::bad_alloc&) {
+}
+
+void DiskFile::flush() const {
+  const Handle file(widePath(path_), GENERIC_WRITE, kShareAll, OPEN_EXISTING);
+  if (!file.isOpen() && isMissing(GetLastError())) return;
+  if (!file.isOpen() || !FlushFileBuffers(file.get())) raiseLastSystemError();
+  flushFolder();
+}
+
+// Names are journalled; where a folder can be flushed too, it is.
+void DiskFile::flushFolder() const {
+  const Handle folder(widePath(folder_), GENERIC_WRITE, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+  if (folder.isOpen()) FlushFileBuffers(folder.get());
+}
+
+}  // namespace orvane

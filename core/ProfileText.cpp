@@ -1,0 +1,262 @@
+#include "core/ProfileText.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+
+#include "core/ProfileValue.h"
+
+namespace orvane {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little, "the text is kept as it is stored");
+
+constexpr char16_t kMark = 0xFEFF;
+constexpr TextView kLineEnd = u"\r\n";
+
+constexpr auto kFolded = [] {
+  std::array<std::uint8_t, 256> folded{};
+  for (std::size_t i = 0; i < folded.size(); ++i) {
+    folded[i] = static_cast<std::uint8_t>(foldCase(static_cast<char16_t>(i)));
+  }
+  return folded;
+}();
+
+std::uint32_t hashOf(TextView name, std::uint32_t owner) {
+  constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+  std::uint64_t hash = (owner + 1) * kFactor;
+  for (const char16_t unit : name) hash = (hash ^ (unit < kFolded.size() ? kFolded[unit] : unit)) * kFactor;
+  return static_cast<std::uint32_t>(hash >> 32);
+}
+
+bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
+
+std::size_t findLineEnd(TextView text, std::size_t at) {
+  while (at < text.size() && !endsLine(text[at])) ++at;
+  return at;
+}
+
+std::size_t afterLineEnd(TextView text, std::size_t end) {
+  if (end == text.size()) return end;
+  return text.substr(end, kLineEnd.size()) == kLineEnd ? end + 2 : end + 1;
+}
+
+void appendUtf16(Text& out, std::string_view bytes, bool swapped) {
+  const std::size_t before = out.size();
+  out.resize(before + (bytes.size() + 1) / 2);
+  std::memcpy(out.data() + before, bytes.data(), bytes.size());
+  if (!swapped) return;
+  std::for_each(out.begin() + static_cast<std::ptrdiff_t>(before), out.end(),
+                [](char16_t& unit) { unit = static_cast<char16_t>(unit << 8 | unit >> 8); });
+}
+
+// Each line by itself, so that one foreign line does not spoil the others.
+void appendMixedLines(Text& out, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const std::size_t length = std::min(bytes.find_first_of("\r\n"), bytes.size() - 1) + 1;
+    const std::string_view line = bytes.substr(0, length);
+    out += isUtf8(line) ? fromUtf8(line) : fromWindows1252(line);
+    bytes.remove_prefix(length);
+  }
+}
+
+}  // namespace
+
+ProfileText::ProfileText() : text_(1, kMark) {}
+
+std::string_view ProfileText::bytes() const {
+  return {reinterpret_cast<const char*>(text_.data()), text_.size() * sizeof(char16_t)};
+}
+
+void ProfileText::parse(std::string_view bytes) {
+  decode(bytes);
+  index();
+}
+
+void ProfileText::decode(std::string_view bytes) {
+  using namespace std::string_view_literals;
+  canonical_ = bytes.starts_with("\xFF\xFE"sv) && bytes.size() % 2 == 0;
+  text_.assign(1, kMark);
+  if (bytes.starts_with("\xFF\xFE"sv) || bytes.starts_with("\xFE\xFF"sv)) {
+    appendUtf16(text_, bytes.substr(2), bytes.starts_with("\xFE\xFF"sv));
+  } else if (bytes.starts_with("\xEF\xBB\xBF"sv)) {
+    appendMixedLines(text_, bytes.substr(3));
+  } else {
+    text_ += isUtf8(bytes) ? fromUtf8(bytes) : fromWindows1252(bytes);
+  }
+}
+
+void ProfileText::index() {
+  entries_.clear();
+  std::fill(table_.begin(), table_.end(), kNone);
+  lastSection_ = kNone;
+  std::uint32_t section = kNone;
+  for (std::size_t at = 1; at < text_.size();) {
+    const std::size_t end = findLineEnd(text_, at);
+    const std::size_t next = afterLineEnd(text_, end);
+    indexLine(at, end, next, section);
+    at = next;
+  }
+}
+
+void ProfileText::indexLine(std::size_t at, std::size_t end, std::size_t next, std::uint32_t& section) {
+  while (at < end && isProfileBlank(text_[at])) ++at;
+  while (at < end && isProfileBlank(text_[end - 1])) --end;
+  if (at == end) return;
+  if (text_[at] == u'[' && TextView(text_).substr(at, end - at).find(u']') != TextView::npos) {
+    section = indexHeader(at, end, next);
+    return;
+  }
+  if (section == kNone) return;
+  entries_[section].value = static_cast<std::uint32_t>(next);
+  entries_[section].valueLength = endsLine(text_[next - 1]);
+  if (text_[at] != u'[' && text_[at] != u';') indexKey(at, end, section);
+}
+
+// A section of a name that has been there, or of none, is none of ours.
+std::uint32_t ProfileText::indexHeader(std::size_t at, std::size_t end, std::size_t next) {
+  const TextView inside = TextView(text_).substr(at + 1, end - at - 1);
+  const TextView name = withoutOuterBlanks(inside.substr(0, inside.find(u']')));
+  const std::uint32_t hash = hashOf(name, kNone);
+  if (!canBeSection(name) || lookUp(kNone, name, hash) != kNone) return kNone;
+  return add({.hash = hash,
+              .owner = kNone,
+              .name = static_cast<std::uint32_t>(name.data() - text_.data()),
+              .nameLength = static_cast<std::uint32_t>(name.size()),
+              .value = static_cast<std::uint32_t>(next),
+              .valueLength = endsLine(text_[next - 1])});
+}
+
+void ProfileText::indexKey(std::size_t at, std::size_t end, std::uint32_t section) {
+  const TextView line = TextView(text_).substr(at, end - at);
+  const std::size_t sign = line.find(u'=');
+  if (sign == TextView::npos) return;
+  const TextView key = withoutOuterBlanks(line.substr(0, sign));
+  const TextView value = withoutOuterBlanks(line.substr(sign + 1));
+  const std::uint32_t hash = hashOf(key, section);
+  if (!canBeKey(key) || lookUp(section, key, hash) != kNone) return;
+  add({.hash = hash,
+       .owner = section,
+       .name = static_cast<std::uint32_t>(at),
+       .nameLength = static_cast<std::uint32_t>(key.size()),
+       .value = static_cast<std::uint32_t>(value.data() - text_.data()),
+       .valueLength = static_cast<std::uint32_t>(value.size())});
+}
+
+std::uint32_t ProfileText::lookUp(std::uint32_t owner, TextView name, std::uint32_t hash) const {
+  if (table_.empty()) return kNone;
+  const std::size_t mask = table_.size() - 1;
+  for (std::size_t slot = hash & mask; table_[slot] != kNone; slot = (slot + 1) & mask) {
+    const Entry& entry = entries_[table_[slot]];
+    if (entry.hash != hash || entry.owner != owner) continue;
+    if (nameOf(entry) == name || equalIgnoringCase(nameOf(entry), name)) return table_[slot];
+  }
+  return kNone;
+}
+
+// Keys are asked for section by section.
+std::uint32_t ProfileText::findSection(TextView name) const {
+  if (lastSection_ != kNone && nameOf(entries_[lastSection_]) == name) return lastSection_;
+  const std::uint32_t found = lookUp(kNone, name, hashOf(name, kNone));
+  if (found != kNone) lastSection_ = found;
+  return found;
+}
+
+std::uint32_t ProfileText::findKey(TextView section, TextView key) const {
+  const std::uint32_t owner = findSection(section);
+  return owner == kNone ? kNone : lookUp(owner, key, hashOf(key, owner));
+}
+
+std::uint32_t ProfileText::add(const Entry& entry) {
+  entries_.push_back(entry);
+  if (entries_.size() * 2 > table_.size()) growTable();
+  const auto added = static_cast<std::uint32_t>(entries_.size() - 1);
+  place(added);
+  return added;
+}
+
+void ProfileText::place(std::uint32_t entry) {
+  const std::size_t mask = table_.size() - 1;
+  std::size_t slot = entries_[entry].hash & mask;
+  while (table_[slot] != kNone) slot = (slot + 1) & mask;
+  table_[slot] = entry;
+}
+
+void ProfileText::growTable() {
+  constexpr std::size_t kSmallest = 64;
+  table_.assign(std::max(kSmallest, table_.size() * 4), kNone);
+  for (std::uint32_t entry = 0; entry + 1 < entries_.size(); ++entry) place(entry);
+}
+
+std::optional<TextView> ProfileText::find(TextView section, TextView key) const {
+  const std::uint32_t found = findKey(section, key);
+  if (found == kNone) return std::nullopt;
+  return valueOf(entries_[found]);
+}
+
+bool ProfileText::set(TextView section, TextView key, TextView value) {
+  const std::uint32_t found = findKey(section, key);
+  if (found == kNone) {
+    const std::uint32_t owner = findSection(section);
+    insertKey(owner == kNone ? appendSection(section) : owner, key, value);
+    return true;
+  }
+  if (valueOf(entries_[found]) == value) return false;
+  splice(entries_[found].value, entries_[found].valueLength, value);
+  entries_[found].valueLength = static_cast<std::uint32_t>(value.size());
+  return true;
+}
+
+// Whatever section ends with the text, its next key goes behind its own last line.
+void ProfileText::endLastLine() {
+  const std::size_t before = text_.size();
+  if (before == 1 || endsLine(text_.back())) return;
+  text_ += kLineEnd;
+  for (Entry& entry : entries_) {
+    if (entry.owner != kNone || entry.value != before) continue;
+    entry.value = static_cast<std::uint32_t>(text_.size());
+    entry.valueLength = 1;
+  }
+}
+
+std::uint32_t ProfileText::appendSection(TextView name) {
+  endLastLine();
+  const std::size_t at = text_.size();
+  text_.append(1, u'[').append(name).append(1, u']').append(kLineEnd);
+  return add({.hash = hashOf(name, kNone),
+              .owner = kNone,
+              .name = static_cast<std::uint32_t>(at + 1),
+              .nameLength = static_cast<std::uint32_t>(name.size()),
+              .value = static_cast<std::uint32_t>(text_.size()),
+              .valueLength = 1});
+}
+
+void ProfileText::insertKey(std::uint32_t section, TextView key, TextView value) {
+  const bool ended = entries_[section].valueLength != 0;
+  const std::size_t before = entries_[section].value;
+  line_.assign(ended ? TextView() : kLineEnd).append(key).append(1, u'=').append(value).append(kLineEnd);
+  const std::size_t at = before + (ended ? 0 : kLineEnd.size());
+  splice(before, 0, line_);
+  entries_[section].valueLength = 1;
+  add({.hash = hashOf(key, section),
+       .owner = section,
+       .name = static_cast<std::uint32_t>(at),
+       .nameLength = static_cast<std::uint32_t>(key.size()),
+       .value = static_cast<std::uint32_t>(at + key.size() + 1),
+       .valueLength = static_cast<std::uint32_t>(value.size())});
+}
+
+// Names and values that begin behind the change move with it, and so do the places for new keys at its end.
+void ProfileText::splice(std::size_t at, std::size_t removed, TextView inserted) {
+  text_.replace(at, removed, inserted);
+  const auto delta = static_cast<std::uint32_t>(inserted.size() - removed);
+  if (delta == 0) return;
+  for (Entry& entry : entries_) {
+    if (entry.name > at) entry.name += delta;
+    if (entry.owner == kNone ? entry.value >= at : entry.value > at) entry.value += delta;
+  }
+}
+
+}  // namespace orvane
