@@ -11,7 +11,7 @@ namespace {
 
 // Every line without the blanks before it and the break after it.
 std::string joinedLines(const std::string& name) {
-  const auto path = std::filesystem::path(__FILE__).parent_path() / "expected" / (name + ".xml");
+  const auto path = std::filesystem::path(ORVANE_EXPECTED) / (name + ".xml");
   std::ifstream file(path);
   if (!file) throw std::runtime_error("no file and no word: " + path.string());
   std::string out;

@@ -123,8 +123,9 @@ class QueueEntryTest : public JobTest, public testing::WithParamInterface<Entry>
 
 TEST_P(QueueEntryTest, StampsTheDateOfTheStateAlone) {
   channel.enter(*queue, entry.code);
+  const JobContent content = job();
   Text stamps;
-  for (const JobKey& key : job().sections.at(0).keys) {
+  for (const JobKey& key : content.sections.at(0).keys) {
     if (key.name.starts_with(u"Data")) stamps += key.name + u'=' + key.value;
   }
   EXPECT_EQ(stamps, entry.stamped().empty() ? Text() : entry.stamped() + u"=39814.5");

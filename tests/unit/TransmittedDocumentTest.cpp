@@ -111,6 +111,7 @@ void forget(VqDocStampa& stampa) {
 void forget(TransmittedFax& fax) {
   fax.Trasmissione.ProssimoTentativo = Date{};
   fax.Dimensione.Codice = vdd_A4;
+  (void)fax.Trasmissione.Pagina.CodiceWidth.get();  // reading the width is what writes it
 }
 void forget(VqDocFax& fax) {
   forget(static_cast<TransmittedFax&>(fax));

@@ -39,9 +39,9 @@ TYPED_TEST(WrappingDocumentTest, StartsUnboundWithoutADocument) {
 
 TYPED_TEST(WrappingDocumentTest, EveryKindMakesItsDocument) {
   for (const std::int32_t kind : kKinds) {
-    TypeParam wrapping;
-    EXPECT_TRUE(wrapping.ImpostaDocumento(enmVqDocTipo(kind)));
-    EXPECT_EQ(static_cast<std::int32_t>(wrapping.Documento().index()), kind);
+    TypeParam other;
+    EXPECT_TRUE(other.ImpostaDocumento(enmVqDocTipo(kind)));
+    EXPECT_EQ(static_cast<std::int32_t>(other.Documento().index()), kind);
   }
 }
 
@@ -76,12 +76,12 @@ TYPED_TEST(WrappingDocumentTest, DocumentSetEarlyIsTheOneThatIsBound) {
 
 TYPED_TEST(WrappingDocumentTest, JobFileHasTheWrappingExtensionWhateverTheKind) {
   for (const std::int32_t kind : kKinds) {
-    TypeParam wrapping;
+    TypeParam other;
     const Text id = fromUtf8(std::to_string(kind));
-    wrapping.Inizializza(id, enmVqDocTipo(kind), this->folder.path());
-    EXPECT_EQ(wrapping.Proprieta().FileIntestazione.File(), this->folder.file(id + kExtension<TypeParam>));
+    other.Inizializza(id, enmVqDocTipo(kind), this->folder.path());
+    EXPECT_EQ(other.Proprieta().FileIntestazione.File(), this->folder.file(id + kExtension<TypeParam>));
     EXPECT_EQ(this->job(id + kExtension<TypeParam>).value(u"Tipo", u"Codice"), id);
-    EXPECT_TRUE(wrapping.Inizializzato.get());
+    EXPECT_TRUE(other.Inizializzato.get());
   }
 }
 
@@ -160,25 +160,25 @@ TYPED_TEST(WrappingDocumentTest, EveryInnerMemberRaises91WithoutADocument) {
 
 TYPED_TEST(WrappingDocumentTest, InnerMembersAreThoseOfTheDocumentForEveryKind) {
   for (const std::int32_t kind : kKinds) {
-    TypeParam wrapping;
-    wrapping.ImpostaDocumento(enmVqDocTipo(kind));
+    TypeParam other;
+    other.ImpostaDocumento(enmVqDocTipo(kind));
     const auto same = [&](const auto& document) {
       if constexpr (!std::is_same_v<decltype(document), const std::monostate&>) {
-        EXPECT_EQ(&wrapping.Pagine(), &document->Pagine);
-        EXPECT_EQ(&wrapping.Proprieta(), &document->Proprieta);
+        EXPECT_EQ(&other.Pagine(), &document->Pagine);
+        EXPECT_EQ(&other.Proprieta(), &document->Proprieta);
         using Links = std::shared_ptr<std::remove_reference_t<decltype(document->Collegati)>>;
-        EXPECT_EQ(std::get<Links>(wrapping.Collegati()).get(), &document->Collegati);
+        EXPECT_EQ(std::get<Links>(other.Collegati()).get(), &document->Collegati);
       }
     };
-    std::visit(same, wrapping.Documento());
+    std::visit(same, other.Documento());
   }
 }
 
 TYPED_TEST(WrappingDocumentTest, LinksKeepTheirDocumentAlive) {
-  auto wrapping = std::make_unique<TypeParam>();
-  wrapping->ImpostaDocumento(vdt_Email);
-  const auto links = std::get<std::shared_ptr<VqDocCollegatiEmail>>(wrapping->Collegati());
-  wrapping.reset();
+  auto other = std::make_unique<TypeParam>();
+  other->ImpostaDocumento(vdt_Email);
+  const auto links = std::get<std::shared_ptr<VqDocCollegatiEmail>>(other->Collegati());
+  other.reset();
   links->Copie = 4;
   EXPECT_EQ(links->Copie.get(), 4);
 }
