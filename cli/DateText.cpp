@@ -2,7 +2,7 @@
 
 #include <chrono>
 #include <cmath>
-#include <regex>
+#include <string_view>
 
 #include "core/Apartment.h"
 #include "core/Numbers.h"
@@ -33,17 +33,48 @@ std::string digits(long number, std::size_t width) {
   return std::string(text.size() < width ? width - text.size() : 0, '0') + text;
 }
 
-int numberOf(const std::ssub_match& digits) { return digits.matched ? std::stoi(digits.str()) : 0; }
+// Reads "Y-M-D", and after a blank or T "h:m" with or without ":s".
+class CalendarReader {
+ public:
+  explicit CalendarReader(const std::string& text) : text_(text) {}
 
-std::optional<Date> calendarDate(const std::smatch& part) {
-  using namespace std::chrono;
-  const int y = numberOf(part[1]), m = numberOf(part[2]), d = numberOf(part[3]);
-  const year_month_day day{year{y}, month{static_cast<unsigned>(m)},
-                           std::chrono::day{static_cast<unsigned>(d)}};
-  const int hours = numberOf(part[4]), minutes = numberOf(part[5]), seconds = numberOf(part[6]);
-  if (y < 100 || !day.ok() || hours > 23 || minutes > 59 || seconds > 59) return {};
-  return dateOf(y, m, d, hours, minutes, seconds);
-}
+  std::optional<Date> read() {
+    const int y = number(4, 4), m = take("-") ? number(1, 2) : 0, d = take("-") ? number(1, 2) : 0;
+    const bool timed = !failed_ && take(" T");
+    const int hours = timed ? number(1, 2) : 0, minutes = timed && take(":") ? number(2, 2) : timed ? -1 : 0;
+    const int seconds = timed && take(":") ? number(2, 2) : 0;
+    if (failed_ || at_ != text_.size() || !isDay(y, m, d)) return {};
+    if (hours > 23 || minutes < 0 || minutes > 59 || seconds > 59) return {};
+    return dateOf(y, m, d, hours, minutes, seconds);
+  }
+
+ private:
+  static bool isDay(int y, int m, int d) {
+    using namespace std::chrono;
+    return y >= 100 &&
+           year_month_day(year{y}, month{static_cast<unsigned>(m)}, day{static_cast<unsigned>(d)}).ok();
+  }
+
+  int number(std::size_t least, std::size_t most) {
+    int value = 0;
+    std::size_t count = 0;
+    for (; count < most && at_ < text_.size() && text_[at_] >= '0' && text_[at_] <= '9'; ++count) {
+      value = 10 * value + (text_[at_++] - '0');
+    }
+    if (count < least) failed_ = true;
+    return value;
+  }
+
+  bool take(const char* any) {
+    const bool there = at_ < text_.size() && std::string_view(any).find(text_[at_]) != std::string_view::npos;
+    if (there) ++at_;
+    return there;
+  }
+
+  const std::string& text_;
+  std::size_t at_ = 0;
+  bool failed_ = false;
+};
 
 }  // namespace
 
@@ -63,10 +94,9 @@ std::string dateText(Date date) {
 }
 
 std::optional<Date> parseDate(const std::string& text) {
-  static const std::regex calendar(R"((\d{4})-(\d{1,2})-(\d{1,2})(?:[ T](\d{1,2}):(\d{2})(?::(\d{2}))?)?)");
   if (text.empty()) return Date{};
   if (equalIgnoringCase(fromUtf8(text), u"now")) return Apartment::now();
-  if (std::smatch parts; std::regex_match(text, parts, calendar)) return calendarDate(parts);
+  if (const auto date = CalendarReader(text).read()) return date;
   if (const auto number = parseNumber(fromUtf8(text))) return Date{*number};
   return {};
 }
