@@ -110,6 +110,15 @@ class Lists(unittest.TestCase):
             self.assertEqual(rows[item.name][0], str(len(item.values)), item.name)
         self.assertEqual(len(rows), len(FACTS.classes) + len(FACTS.enumerations))
 
+    def test_the_files_and_tests_of_the_list_exist(self):
+        text = read(DOCS / "classes.md")
+        for path in re.findall(r"`(\w+/[\w./]*\w)`", text):
+            self.assertTrue((ROOT / path).exists(), path)
+        tests = set(re.findall(r"\b(?!Completeness)\w+Test\b", text))
+        self.assertGreater(len(tests), 30)
+        for test in tests:
+            self.assertTrue((ROOT / "tests/unit" / f"{test}.cpp").exists(), test)
+
     def test_the_page_of_errors_has_every_number_and_text(self):
         rows = re.findall(r"^\| (\d+) \| ([^|]+?) \|", read(DOCS / "guide/errors.md"), re.MULTILINE)
         self.assertEqual(rows, [(str(number), text) for number, text, _ in FACTS.errors])

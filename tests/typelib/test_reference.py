@@ -4,6 +4,8 @@ import html.parser
 import json
 import pathlib
 import re
+import shutil
+import subprocess
 import sys
 import unittest
 import xml.etree.ElementTree
@@ -186,6 +188,39 @@ class Pages(unittest.TestCase):
         self.assertEqual((paragraph.text, paragraph.get("title")), (evil, evil))
         self.assertEqual(next(parsed(text).iter("title")).text, evil)
         self.assertNotIn("<script>alert", text)
+
+
+# A page's search field and list, as much of them as the search uses.
+DOCUMENT = """
+globalThis.document = {
+  search: {addEventListener() {}, value: ""},
+  found: {replaceChildren() {}, querySelector() {}},
+  getElementById(id) { return this[id]; },
+};
+"""
+
+
+@unittest.skipUnless(shutil.which("node"), "no node to run the search with")
+class Search(unittest.TestCase):
+    def found(self, typed):
+        ask = f"console.log(JSON.stringify(find({json.dumps(typed)}).map((entry) => entry[0])));"
+        program = DOCUMENT + OUTPUTS["entries.js"] + OUTPUTS["search.js"] + ask
+        run = subprocess.run(["node", "-"], input=program, capture_output=True, text=True, check=True)
+        return json.loads(run.stdout)
+
+    def test_the_name_itself_comes_first(self):
+        self.assertEqual(self.found("VqDocFax")[0], "VqDocFax")
+        self.assertEqual(self.found("vdd_a4")[0], "vdd_A4")
+        self.assertEqual(self.found("numeroesteso")[0], "VqDocNumeroFax.NumeroEsteso")
+
+    def test_keys_texts_and_error_numbers_are_found(self):
+        self.assertIn("VqDocPagine.MaxAltezzaPagina", self.found("MassimaAltezzaPagina"))
+        self.assertIn("vdce_Trasmesso", self.found("inviato"))
+        self.assertEqual(self.found("error 445")[0], "error 445")
+
+    def test_all_words_must_be_there(self):
+        self.assertEqual(self.found("stampante xyzzy"), [])
+        self.assertEqual(self.found("  "), [])
 
 
 def entries():
