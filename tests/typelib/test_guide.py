@@ -1,5 +1,5 @@
-"""The guide says what holds: its C++ is that of the samples that are built, its links lead somewhere, its drawings and the
-list of classes are those of the present interface."""
+"""The guide says what holds: its C++ is that of the samples that are built, its links lead somewhere, its drawings and
+the list of classes are those of the present interface."""
 
 import pathlib
 import re

@@ -127,7 +127,8 @@ class Facts(unittest.TestCase):
     def test_known_members_are_where_job_files_have_them(self):
         for class_, name, *expected in KNOWN:
             member = next(member for member in FACTS[class_].members if member.name == name)
-            self.assertEqual([member.section, member.keys, member.element, member.default], expected, f"{class_}.{name}")
+            found = [member.section, member.keys, member.element, member.default]
+            self.assertEqual(found, expected, f"{class_}.{name}")
 
     def test_every_member_that_clients_assign_has_section_and_key_or_is_known_to_have_none(self):
         without = {f"{item.name}.{member.name}" for item in FACTS.values() for member in item.members
