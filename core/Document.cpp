@@ -55,7 +55,7 @@ std::shared_ptr<JobFile> Document::bindHeader(TextView folder, TextView fileName
 Text Document::Xml() const {
   XmlWriter xml;
   NodoXml(xml);
-  return std::move(xml).result();
+  return xml.result();
 }
 
 void Document::NodoXml(XmlWriter& xml) const {

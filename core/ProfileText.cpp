@@ -33,7 +33,19 @@ std::uint32_t hashOf(TextView name, std::uint32_t owner) {
 
 bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
+// Not 0 where one of the four units of `four` is `unit`.
+std::uint64_t holds(std::uint64_t four, char16_t unit) {
+  constexpr std::uint64_t kOnes = 0x0001'0001'0001'0001;
+  const std::uint64_t zeroIfEqual = four ^ (kOnes * unit);
+  return (zeroIfEqual - kOnes) & ~zeroIfEqual & (kOnes << 15);
+}
+
+// Most of a file's units lie between line ends: four at a time.
 std::size_t findLineEnd(TextView text, std::size_t at) {
+  for (std::uint64_t four; at + 4 <= text.size(); at += 4) {
+    std::memcpy(&four, text.data() + at, sizeof four);
+    if (holds(four, u'\r') | holds(four, u'\n')) break;
+  }
   while (at < text.size() && !endsLine(text[at])) ++at;
   return at;
 }

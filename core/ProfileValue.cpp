@@ -15,6 +15,7 @@ bool mustEscape(char16_t unit) { return isControl(unit) || unit == kEscape; }
 
 // Some implementations of the profile functions take off any white space of Unicode.
 bool isWideBlank(char16_t unit) {
+  if (unit < 0x80) return false;
   return unit == 0x85 || unit == 0xA0 || unit == 0x1680 || unit == 0x180E ||
          (unit >= 0x2000 && unit <= 0x200B) || unit == 0x2028 || unit == 0x2029 || unit == 0x202F ||
          unit == 0x205F || unit == 0x3000 || unit == 0xFEFF;

@@ -1,12 +1,15 @@
 #include "core/XmlWriter.h"
 
+#include <algorithm>
+
 #include "core/Numbers.h"
 
 namespace orvane {
 
 namespace {
 
-constexpr std::size_t kTypicalDocument = 8192;  // units; a full fax job needs about this much
+constexpr std::size_t kTypicalDocument = 16384;  // units; a full fax job needs about 12,000
+constexpr std::size_t kLongestReplacement = 5;   // units that one unit may become
 
 constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
@@ -37,20 +40,46 @@ TextView replacement(const char16_t& unit) {
 
 }  // namespace
 
-XmlWriter::XmlWriter() : separator_(decimalSeparator()) { out_.reserve(kTypicalDocument); }
+XmlWriter::XmlWriter() : XmlWriter(decimalSeparator()) {}
 
-void XmlWriter::begin(TextView name) { (out_ += u'<').append(name) += u'>'; }
+XmlWriter::XmlWriter(Text decimalSeparator)
+    : out_(std::make_unique_for_overwrite<char16_t[]>(kTypicalDocument)),
+      at_(out_.get()),
+      end_(at_ + kTypicalDocument),
+      separator_(std::move(decimalSeparator)) {}
 
-void XmlWriter::end(TextView name) { out_.append(u"</").append(name) += u'>'; }
+void XmlWriter::grow(std::size_t units) {
+  const auto used = static_cast<std::size_t>(at_ - out_.get());
+  const std::size_t size = std::max(2 * static_cast<std::size_t>(end_ - out_.get()), used + units);
+  auto larger = std::make_unique_for_overwrite<char16_t[]>(size);
+  at_ = std::copy(out_.get(), at_, larger.get());
+  end_ = larger.get() + size;
+  out_ = std::move(larger);
+}
+
+void XmlWriter::begin(TextView name) {
+  reserve(name.size() + 2);
+  put(u'<'), put(name), put(u'>');
+}
+
+void XmlWriter::end(TextView name) {
+  reserve(name.size() + 3);
+  put(u'<'), put(u'/'), put(name), put(u'>');
+}
+
+void XmlWriter::text(TextView value) {
+  reserve(kLongestReplacement * value.size());
+  putEscaped(value);
+}
 
 void XmlWriter::element(TextView name, TextView value) {
+  reserve(2 * name.size() + 5 + kLongestReplacement * value.size());
+  put(u'<'), put(name);
   if (value.empty()) {
-    (out_ += u'<').append(name).append(u"/>");
+    put(u'/'), put(u'>');
     return;
   }
-  begin(name);
-  escape(value);
-  end(name);
+  put(u'>'), putEscaped(value), put(u'<'), put(u'/'), put(name), put(u'>');
 }
 
 void XmlWriter::element(TextView name, std::int32_t value) { element(name, TextView(decimalText(value))); }
@@ -59,15 +88,16 @@ void XmlWriter::element(TextView name, Date value) {
   element(name, TextView(displayText(value.days, separator_)));
 }
 
-void XmlWriter::escape(TextView value) {
-  for (std::size_t i = 0; i < value.size();) {
-    std::size_t run = i;
-    while (run < value.size() && isPlain(value[run])) ++run;
-    out_.append(value, i, run - i);
-    if (run == value.size()) return;
-    const bool pair = isHighSurrogate(value[run]) && run + 1 < value.size() && isLowSurrogate(value[run + 1]);
-    out_.append(pair ? value.substr(run, 2) : replacement(value[run]));
-    i = run + (pair ? 2 : 1);
+void XmlWriter::putEscaped(TextView value) {
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    const char16_t unit = value[i];
+    if (isPlain(unit)) {
+      put(unit);
+    } else if (isHighSurrogate(unit) && i + 1 < value.size() && isLowSurrogate(value[i + 1])) {
+      put(unit), put(value[++i]);
+    } else {
+      put(replacement(value[i]));
+    }
   }
 }
 

@@ -1,7 +1,9 @@
 // Writes a document's XML: elements and text only, no declaration, no attributes, no white space of its own.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <memory>
 
 #include "core/Text.h"
 #include "core/Values.h"
@@ -16,13 +18,13 @@ class XmlWriter {
  public:
   /// The decimal separator is the user's, asked for once.
   XmlWriter();
-  explicit XmlWriter(Text decimalSeparator) : separator_(std::move(decimalSeparator)) {}
+  explicit XmlWriter(Text decimalSeparator);
 
   void begin(TextView name);
   void end(TextView name);
 
   /// Text directly under the element that is open.
-  void text(TextView value) { escape(value); }
+  void text(TextView value);
 
   /// A whole element; an empty text gives `<name/>`.
   void element(TextView name, TextView value);
@@ -34,13 +36,22 @@ class XmlWriter {
   /// The serial number, up to 15 significant digits, with the user's decimal separator.
   void element(TextView name, Date value);
 
-  const Text& result() const& { return out_; }
-  Text result() && { return std::move(out_); }
+  /// What has been written so far.
+  Text result() const { return Text(out_.get(), at_); }
 
  private:
-  void escape(TextView value);
+  /// Make room for that many units more; pieces are then put one after the other without asking again.
+  void reserve(std::size_t units) {
+    if (static_cast<std::size_t>(end_ - at_) < units) grow(units);
+  }
+  void grow(std::size_t units);
+  void put(char16_t unit) { *at_++ = unit; }
+  void put(TextView text) { at_ = std::copy(text.begin(), text.end(), at_); }
+  void putEscaped(TextView value);
 
-  Text out_;
+  std::unique_ptr<char16_t[]> out_;
+  char16_t* at_;
+  char16_t* end_;
   Text separator_;
 };
 

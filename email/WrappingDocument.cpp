@@ -83,7 +83,7 @@ Text WrappingDocument::Xml() const {
   renderParts(xml);
   renderInner(xml);
   xml.end(kind_.element);
-  return std::move(xml).result();
+  return xml.result();
 }
 
 // The inner document is in the XML for as long as its own kind is one of the four.

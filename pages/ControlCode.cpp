@@ -39,10 +39,13 @@ void ControlCode::assign(const Bytes& bytes) {
 }
 
 Text ControlCode::digits() const {
-  Text out;
-  for (const std::uint8_t byte : bytes_) {
-    for (const int unit : {byte / 100, byte / 10 % 10, byte % 10}) out += static_cast<char16_t>(u'0' + unit);
-    out += u';';
+  Text out(4 * kSize, u';');
+  char16_t* at = out.data();
+  for (const int byte : bytes_) {
+    *at++ = static_cast<char16_t>(u'0' + byte / 100);
+    *at++ = static_cast<char16_t>(u'0' + byte / 10 % 10);
+    *at++ = static_cast<char16_t>(u'0' + byte % 10);
+    ++at;  // over the separator that is there
   }
   return out;
 }
