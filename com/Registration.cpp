@@ -89,6 +89,8 @@ void removeAll(const RegistryKey& root) {
     root.remove(interfaceKey(identity));
     if (identity.programId) unregisterClass(root, identity, shared);
   }
+  // A user who has no classes of other servers has not even the keys above them.
+  for (const wchar_t* key : {L"TypeLib", L"Interface", L"CLSID"}) root.removeIfEmpty(key);
 }
 
 void writeAll(const RegistryKey& root) {

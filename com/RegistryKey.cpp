@@ -10,6 +10,21 @@ void check(LSTATUS status) {
   if (status != ERROR_SUCCESS) throw Failure{HRESULT_FROM_WIN32(static_cast<DWORD>(status))};
 }
 
+struct Content {
+  DWORD keys = 0;
+  DWORD values = 0;
+};
+
+Content contentOf(HKEY parent, const std::wstring& path) {
+  Content content;
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return content;
+  RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &content.keys, nullptr, nullptr, &content.values, nullptr,
+                   nullptr, nullptr, nullptr);
+  RegCloseKey(key);
+  return content;
+}
+
 }  // namespace
 
 RegistryKey::RegistryKey(HKEY parent, const std::wstring& path) {
@@ -26,14 +41,11 @@ void RegistryKey::remove(const std::wstring& path) const {
   if (status != ERROR_FILE_NOT_FOUND) check(status);
 }
 
-bool RegistryKey::hasChildren(const std::wstring& path) const {
-  HKEY key = nullptr;
-  if (RegOpenKeyExW(key_, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
-  DWORD count = 0;
-  RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &count, nullptr, nullptr, nullptr, nullptr, nullptr,
-                   nullptr, nullptr);
-  RegCloseKey(key);
-  return count != 0;
+void RegistryKey::removeIfEmpty(const std::wstring& path) const {
+  const Content content = contentOf(key_, path);
+  if (content.keys == 0 && content.values == 0) remove(path);
 }
+
+bool RegistryKey::hasChildren(const std::wstring& path) const { return contentOf(key_, path).keys != 0; }
 
 }  // namespace orvane::com

@@ -24,6 +24,9 @@ class RegistryKey {
   /// With everything below it; it may be missing.
   void remove(const std::wstring& path) const;
 
+  /// Unless something is below it or in it.
+  void removeIfEmpty(const std::wstring& path) const;
+
   /// False where the key below is missing.
   bool hasChildren(const std::wstring& path) const;
 
