@@ -2,7 +2,8 @@
 Option Explicit
 
 Dim failures: failures = 0
-Sub Check(what, expected, got)
+Sub Check(what, ByVal expected, got)
+  If TypeName(expected) = "Integer" Then expected = CLng(expected)
   If TypeName(expected) = TypeName(got) Then
     If expected = got Then Exit Sub
   End If
@@ -44,7 +45,7 @@ pagina.ArrayTxt = Array("uno", 2, True, Empty, Null)
 Dim rows: rows = pagina.ArrayTxt
 Check "bound", 4, UBound(rows)
 Check "text in array", "uno", rows(0)
-Check "number in array", 2, CInt(rows(1))
+Check "number in array", "Integer 2", TypeName(rows(1)) & " " & rows(1)
 Check "flag in array", True, rows(2)
 Check "empty in array", True, IsEmpty(rows(3))
 Check "null in array", True, IsNull(rows(4))

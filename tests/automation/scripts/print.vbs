@@ -2,7 +2,8 @@
 Option Explicit
 
 Dim failures: failures = 0
-Sub Check(what, expected, got)
+Sub Check(what, ByVal expected, got)
+  If TypeName(expected) = "Integer" Then expected = CLng(expected)
   If TypeName(expected) = TypeName(got) Then
     If expected = got Then Exit Sub
   End If
