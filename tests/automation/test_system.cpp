@@ -97,4 +97,50 @@ TEST_F(System, TheManifestIsTheFirstOfItsKind) {
   EXPECT_NE(nullptr, FindResourceW(Server::module(), MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(16)));
 }
 
+// Activates the manifest that the DLL carries, as a program's own manifest would by a dependency on it.
+class Assembly {
+ public:
+  Assembly() {
+    const std::wstring path = Server::path();
+    const std::wstring folder = path.substr(0, path.find_last_of(L"\\/"));
+    ACTCTXW request{};
+    request.cbSize = sizeof(request);
+    request.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
+    request.lpSource = path.c_str();
+    request.lpAssemblyDirectory = folder.c_str();
+    request.lpResourceName = MAKEINTRESOURCEW(1);
+    context_ = CreateActCtxW(&request);
+    if (isActive()) ActivateActCtx(context_, &cookie_);
+  }
+  ~Assembly() {
+    if (!isActive()) return;
+    DeactivateActCtx(0, cookie_);
+    ReleaseActCtx(context_);
+  }
+  Assembly(const Assembly&) = delete;
+  Assembly& operator=(const Assembly&) = delete;
+  bool isActive() const { return context_ != INVALID_HANDLE_VALUE; }
+
+ private:
+  HANDLE context_ = INVALID_HANDLE_VALUE;
+  ULONG_PTR cookie_ = 0;
+};
+
+TEST_F(System, TheManifestStandsInForRegistration) {
+  const Assembly assembly;
+  ASSERT_TRUE(assembly.isActive()) << GetLastError();
+  CLSID id{};
+  EXPECT_EQ(S_OK, CLSIDFromProgID(L"OrvaneDocumenti.VqDocumenti", &id));
+  EXPECT_EQ(__uuidof(VqDocumenti), id);
+  ACTCTX_SECTION_KEYED_DATA data{};
+  data.cbSize = sizeof(data);
+  for (const GUID& known : {__uuidof(_VqDocStampa), __uuidof(_VqDocAnteprima)}) {
+    EXPECT_TRUE(FindActCtxSectionGuid(0, nullptr, ACTIVATION_CONTEXT_SECTION_COM_INTERFACE_REDIRECTION,
+                                      &known, &data));
+  }
+  const CLSID factoryId = __uuidof(VqDocumenti);
+  EXPECT_TRUE(FindActCtxSectionGuid(0, nullptr, ACTIVATION_CONTEXT_SECTION_COM_SERVER_REDIRECTION, &factoryId,
+                                    &data));
+}
+
 }  // namespace
