@@ -1,4 +1,4 @@
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cstdio>
 
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // More than one apartment in a process.
 #include <thread>
 
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 

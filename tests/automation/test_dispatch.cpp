@@ -1,5 +1,5 @@
 // Late binding as scripts and careless clients use it.
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 

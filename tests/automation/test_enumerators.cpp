@@ -1,5 +1,5 @@
 // For Each over a collection.
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Errors on both call paths.
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The rules of the component model, as an early-bound client meets them.
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <map>
 #include <set>
 
-#include "Client.h"
+#include "tests/automation/Client.h"
 
 namespace {
 
