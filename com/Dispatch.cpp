@@ -69,13 +69,15 @@ HRESULT typeInfo(const Object& object, UINT index, ITypeInfo** info) noexcept {
 HRESULT idsOfNames(const ClassInfo& type, LPOLESTR* names, UINT count, DISPID* ids) noexcept {
   if (!names || !ids) return E_POINTER;
   if (count == 0) return S_OK;
-  std::fill_n(ids, count, DISPID_UNKNOWN);
-  if (std::any_of(names, names + count, [](LPOLESTR name) { return !name; })) return E_INVALIDARG;
+  if (std::find(names, names + count, nullptr) != names + count) return E_INVALIDARG;
   const MemberInfo* const member = findMember(type, viewOf(names[0]));
-  if (!member) return DISP_E_UNKNOWNNAME;
-  ids[0] = member->id;
-  for (UINT i = 1; i < count; ++i) ids[i] = parameterId(type, member->id, viewOf(names[i]));
-  return std::find(ids, ids + count, DISPID_UNKNOWN) == ids + count ? S_OK : DISP_E_UNKNOWNNAME;
+  ids[0] = member ? member->id : DISPID_UNKNOWN;
+  HRESULT result = member ? S_OK : DISP_E_UNKNOWNNAME;
+  for (UINT i = 1; i < count; ++i) {
+    ids[i] = member ? parameterId(type, member->id, viewOf(names[i])) : DISPID_UNKNOWN;
+    if (ids[i] == DISPID_UNKNOWN) result = DISP_E_UNKNOWNNAME;
+  }
+  return result;
 }
 
 HRESULT invokeMember(const ObjectRef& self, const Request& request, const DISPPARAMS* given,
