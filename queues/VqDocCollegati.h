@@ -77,8 +77,11 @@ struct TransmittedLinks {
   }
 };
 
-using VqDocCollegatiStampa = LinkedDocuments<class VqDocStampa, PrintLinks>;
-using VqDocCollegatiFax = LinkedDocuments<class VqDocFax, TransmittedLinks<vdcf_Eliminato>>;
-using VqDocCollegatiEmail = LinkedDocuments<class VqDocEmail, TransmittedLinks<vdce_Eliminato>>;
+class VqDocStampa;
+class VqDocFax;
+class VqDocEmail;
+using VqDocCollegatiStampa = LinkedDocuments<VqDocStampa, PrintLinks>;
+using VqDocCollegatiFax = LinkedDocuments<VqDocFax, TransmittedLinks<vdcf_Eliminato>>;
+using VqDocCollegatiEmail = LinkedDocuments<VqDocEmail, TransmittedLinks<vdce_Eliminato>>;
 
 }  // namespace orvane

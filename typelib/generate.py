@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Makes the code that follows from the description of the public boundary: generate.py IDL OUTDIR
+"""Makes the code that follows from the description of the public boundary: generate.py [--automation] IDL OUTDIR
+
+Without the option it makes what every platform has, with it what the automation server adds.
 
 A file whose content would stay the same is left alone, so that nothing is compiled anew without need.
 """
@@ -9,7 +11,9 @@ import pathlib
 import sys
 
 import emit_enumerations
+import emit_glue
 import emit_members
+import emit_registration
 import idl
 
 # Every output, named from OUTDIR, and the function that writes it.
@@ -18,6 +22,12 @@ OUTPUTS = {
     "typelib/classes.h": emit_members.classes_header,
     "typelib/readers.h": emit_members.readers_header,
     "members.cpp": emit_members.source,
+}
+AUTOMATION = {
+    **{f"glue_{index}.cpp": emit_glue.part(index) for index in range(emit_glue.PARTS)},
+    "identity.cpp": emit_registration.identities,
+    "x86.manifest": emit_registration.manifest("x86"),
+    "amd64.manifest": emit_registration.manifest("amd64"),
 }
 
 
@@ -31,6 +41,7 @@ def write_if_changed(path, content):
 
 def main():
     parser = argparse.ArgumentParser(description="Makes code from the description of the public boundary.")
+    parser.add_argument("--automation", action="store_true")
     parser.add_argument("idl")
     parser.add_argument("outdir", type=pathlib.Path)
     arguments = parser.parse_args()
@@ -38,7 +49,7 @@ def main():
         library = idl.read_file(arguments.idl)
     except (OSError, UnicodeDecodeError, idl.IdlError) as error:
         sys.exit(str(error))
-    for name, emit in OUTPUTS.items():
+    for name, emit in (AUTOMATION if arguments.automation else OUTPUTS).items():
         write_if_changed(arguments.outdir / name, emit(library))
 
 
