@@ -1,7 +1,6 @@
 #include "core/FolderLock.h"
 
 #include <unordered_map>
-#include <utility>
 
 #include "core/Error.h"
 #include "core/Patience.h"
@@ -11,6 +10,14 @@ namespace orvane {
 namespace {
 
 constexpr std::chrono::seconds kLongestWait{10};
+constexpr std::chrono::milliseconds kLongWait{100};
+
+std::uint64_t placeOfNow() {
+  using std::chrono::milliseconds;
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return static_cast<std::uint64_t>(std::chrono::duration_cast<milliseconds>(now).count()) %
+         LockFile::kPlaces;
+}
 
 using Registry = std::unordered_map<std::string, std::weak_ptr<FolderLock>>;
 
@@ -34,19 +41,24 @@ void FolderLock::lock(std::uint32_t number) {
   };
   std::unique_lock mine(used_, std::try_to_lock);
   while (!mine.owns_lock() && !mine.try_lock()) wait();
-  bool queued = false;
-  bool hurried = false;
+  bool had = file_.tryLock(number);
+  while (!had && patience.waited() < kLongWait) {
+    wait();
+    had = file_.tryLock(number);
+  }
+  if (!had) queueUp(number, wait);
+  mine.release();
+}
+
+template <class Wait>
+void FolderLock::queueUp(std::uint32_t number, Wait&& wait) {
+  LockFile::Place place{placeOfNow()};
   try {
-    while (!file_.tryLock(number, queued)) {
-      // Next to write: the present writer is soon done.
-      if (queued && !std::exchange(hurried, true)) patience.quicken();
-      wait();
-    }
+    while (!file_.tryLockInTurn(number, place)) wait();
   } catch (...) {
-    if (queued) file_.leaveGate(number);
+    file_.leave(number, place);
     throw;
   }
-  mine.release();
 }
 
 void FolderLock::unlock(std::uint32_t number) noexcept {
@@ -54,25 +66,33 @@ void FolderLock::unlock(std::uint32_t number) noexcept {
   used_.unlock();
 }
 
-bool LockFile::tryLock(std::uint32_t number, bool& queued) {
+bool LockFile::tryLock(std::uint32_t number) {
   open();
-  if (queued || !takeBoth(number)) {
-    queued = queued || take(number, Byte::Gate);
-    if (!queued || !take(number, Byte::Writer)) return false;
-  }
-  queued = false;
-  // Whoever deleted or moved the lock file meanwhile left us a lock that nobody else sees.
-  if (give(number, Byte::Gate) && isPresent()) return true;
+  return takeAll(number) && keepPresent(give(queueOf(number), kPlaces));
+}
+
+bool LockFile::tryLockInTurn(std::uint32_t number, Place& place) {
+  open();
+  place.taken = place.taken || take(queueOf(number) + place.at, 1);
+  if (!place.taken || !isFree(queueOf(number), place.at) || !take(writerOf(number), 1)) return false;
+  place.taken = false;
+  return keepPresent(give(queueOf(number) + place.at, 1));
+}
+
+// Whoever deleted or moved the lock file meanwhile left us a lock that nobody else sees.
+bool LockFile::keepPresent(bool given) {
+  if (given && isPresent()) return true;
   close();
   return false;
 }
 
-void LockFile::unlock(std::uint32_t number) noexcept {
-  if (!give(number, Byte::Writer)) close();
+void LockFile::leave(std::uint32_t number, Place& place) noexcept {
+  if (place.taken && !give(queueOf(number) + place.at, 1)) close();
+  place.taken = false;
 }
 
-void LockFile::leaveGate(std::uint32_t number) noexcept {
-  if (!give(number, Byte::Gate)) close();
+void LockFile::unlock(std::uint32_t number) noexcept {
+  if (!give(writerOf(number), 1)) close();
 }
 
 }  // namespace orvane

@@ -1,5 +1,5 @@
-// The lock that keeps two writers of one job file apart: two bytes of the hidden file `.orvane.lock` in its
-// folder, one to write and one to queue.
+// The lock that keeps two writers of one job file apart: bytes of the hidden file `.orvane.lock` in its
+// folder, one to write and others to queue.
 #pragma once
 
 #include <cstdint>
@@ -12,38 +12,49 @@ namespace orvane {
 /// The open lock file of one folder. Its byte-range locks belong to this object, not to the process: two of
 /// them exclude each other in one process too, and the kernel releases them when the process dies.
 ///
-/// Whoever writes holds the second of the two bytes of `number`. Whoever waits for it holds the first, the
-/// gate, until the second is his, and nobody takes the second past the gate: so a writer that never rests
-/// lets the others have their turns.
+/// A lock has a number, and a number has 2^20 bytes: the last is the writer's, the others are places in a
+/// queue, one for each millisecond of the wall clock. Whoever has waited long holds the place of the time
+/// when he came. The writer's byte is free to all while nobody queues, and then to the first of the queue
+/// only: so writers that never rest starve nobody.
 class LockFile {
  public:
+  static constexpr std::uint64_t kBytes = 1 << 20;
+  static constexpr std::uint64_t kPlaces = kBytes - 1;
+
+  /// A place in the queue.
+  struct Place {
+    std::uint64_t at;
+    bool taken = false;
+  };
+
   explicit LockFile(const std::string& folder);
   LockFile(const LockFile&) = delete;
   LockFile& operator=(const LockFile&) = delete;
   ~LockFile() { close(); }
 
   /// One attempt to get the lock `number` of the folder's present lock file, which is created where it is
-  /// missing. False where another holds it or the lock file has just been exchanged. `queued`, false at
-  /// first, tells whether the gate is held for the next attempt. Raises 76 where the folder is missing.
-  bool tryLock(std::uint32_t number, bool& queued);
+  /// missing. False where another holds it, queues, or has just exchanged the lock file. Raises 76 where the
+  /// folder is missing.
+  bool tryLock(std::uint32_t number);
 
-  /// Gives back the lock, or a place at the gate.
+  /// The same for one who queues: takes his place, which stays taken until he succeeds or leaves.
+  bool tryLockInTurn(std::uint32_t number, Place& place);
+  void leave(std::uint32_t number, Place& place) noexcept;
+
   void unlock(std::uint32_t number) noexcept;
-  void leaveGate(std::uint32_t number) noexcept;
 
  private:
-  enum class Byte { Gate, Writer };
-
-  static std::uint64_t offsetOf(std::uint32_t number, Byte byte) {
-    return std::uint64_t{number} * 2 + (byte == Byte::Writer);
-  }
+  static std::uint64_t queueOf(std::uint32_t number) { return number * kBytes; }
+  static std::uint64_t writerOf(std::uint32_t number) { return number * kBytes + kPlaces; }
 
   void open();
   void close() noexcept;
-  bool takeBoth(std::uint32_t number);  // in one call, where the system can; otherwise false
-  bool take(std::uint32_t number, Byte byte);
-  bool give(std::uint32_t number, Byte byte) noexcept;
+  bool takeAll(std::uint32_t number);
+  bool take(std::uint64_t offset, std::uint64_t length);
+  bool give(std::uint64_t offset, std::uint64_t length) noexcept;
+  bool isFree(std::uint64_t offset, std::uint64_t length);
   bool isPresent() const;
+  bool keepPresent(bool given);
 
   static constexpr std::intptr_t kClosed = -1;
 
@@ -67,6 +78,9 @@ class FolderLock {
   void unlock(std::uint32_t number) noexcept;
 
  private:
+  template <class Wait>
+  void queueUp(std::uint32_t number, Wait&& wait);
+
   LockFile file_;
   std::mutex
       used_;  // a job file may be handed to another thread, and the bytes would not keep two users apart

@@ -23,20 +23,17 @@ unsigned countForks() {
   return forks.load(std::memory_order_relaxed);
 }
 
-// 0, or -1 and the cause in errno.
-int setLock(std::intptr_t handle, short type, std::uint64_t offset, off_t length) {
+struct flock rangeOf(short type, std::uint64_t offset, std::uint64_t length) {
   struct flock range {};
   range.l_type = type;
   range.l_whence = SEEK_SET;
   range.l_start = static_cast<off_t>(offset);
-  range.l_len = length;
-  return retryInterrupted([&] { return ::fcntl(static_cast<int>(handle), F_OFD_SETLK, &range); });
+  range.l_len = static_cast<off_t>(length);
+  return range;
 }
 
-bool takeRange(std::intptr_t handle, std::uint64_t offset, off_t length) {
-  if (setLock(handle, F_WRLCK, offset, length) == 0) return true;
-  if (errno == EAGAIN || errno == EACCES) return false;
-  raiseLastSystemError();
+int control(std::intptr_t handle, int command, struct flock& range) {
+  return retryInterrupted([&] { return ::fcntl(static_cast<int>(handle), command, &range); });
 }
 
 int openLockFile(const std::string& path, int flags) {
@@ -82,12 +79,25 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-bool LockFile::takeBoth(std::uint32_t number) { return takeRange(handle_, offsetOf(number, Byte::Gate), 2); }
+bool LockFile::takeAll(std::uint32_t number) { return take(queueOf(number), kBytes); }
 
-bool LockFile::take(std::uint32_t number, Byte byte) { return takeRange(handle_, offsetOf(number, byte), 1); }
+bool LockFile::take(std::uint64_t offset, std::uint64_t length) {
+  struct flock range = rangeOf(F_WRLCK, offset, length);
+  if (control(handle_, F_OFD_SETLK, range) == 0) return true;
+  if (errno == EAGAIN || errno == EACCES) return false;
+  raiseLastSystemError();
+}
 
-bool LockFile::give(std::uint32_t number, Byte byte) noexcept {
-  return setLock(handle_, F_UNLCK, offsetOf(number, byte), 1) == 0;
+bool LockFile::give(std::uint64_t offset, std::uint64_t length) noexcept {
+  struct flock range = rangeOf(F_UNLCK, offset, length);
+  return control(handle_, F_OFD_SETLK, range) == 0;
+}
+
+bool LockFile::isFree(std::uint64_t offset, std::uint64_t length) {
+  if (length == 0) return true;
+  struct flock range = rangeOf(F_WRLCK, offset, length);
+  if (control(handle_, F_OFD_GETLK, range) != 0) raiseLastSystemError();
+  return range.l_type == F_UNLCK;
 }
 
 bool LockFile::isPresent() const {

@@ -17,6 +17,15 @@ OVERLAPPED at(std::uint64_t offset) {
   return place;
 }
 
+bool lockRange(HANDLE file, DWORD kind, std::uint64_t offset, std::uint64_t length) {
+  OVERLAPPED place = at(offset);
+  if (LockFileEx(file, kind | LOCKFILE_FAIL_IMMEDIATELY, 0, static_cast<DWORD>(length), 0, &place))
+    return true;
+  const DWORD code = GetLastError();
+  if (code == ERROR_LOCK_VIOLATION || code == ERROR_IO_PENDING) return false;
+  raiseSystemError(code);
+}
+
 }  // namespace
 
 LockFile::LockFile(const std::string& folder) : path_(folder + ".orvane.lock") {}
@@ -35,21 +44,32 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-// A range can be given back only as it was taken, so the bytes are taken one by one.
-bool LockFile::takeBoth(std::uint32_t) { return false; }
-
-bool LockFile::take(std::uint32_t number, Byte byte) {
-  OVERLAPPED place = at(offsetOf(number, byte));
-  if (LockFileEx(asHandle(handle_), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
-    return true;
-  const DWORD code = GetLastError();
-  if (code == ERROR_LOCK_VIOLATION || code == ERROR_IO_PENDING) return false;
-  raiseSystemError(code);
+// A range can be given back only as it was taken, so the queue is taken by itself.
+bool LockFile::takeAll(std::uint32_t number) {
+  if (!take(queueOf(number), kPlaces)) return false;
+  try {
+    if (take(writerOf(number), 1)) return true;
+  } catch (...) {
+    close();
+    throw;
+  }
+  if (!give(queueOf(number), kPlaces)) close();
+  return false;
 }
 
-bool LockFile::give(std::uint32_t number, Byte byte) noexcept {
-  OVERLAPPED place = at(offsetOf(number, byte));
-  return UnlockFileEx(asHandle(handle_), 0, 1, 0, &place) != 0;
+bool LockFile::take(std::uint64_t offset, std::uint64_t length) {
+  return lockRange(asHandle(handle_), LOCKFILE_EXCLUSIVE_LOCK, offset, length);
+}
+
+bool LockFile::give(std::uint64_t offset, std::uint64_t length) noexcept {
+  OVERLAPPED place = at(offset);
+  return UnlockFileEx(asHandle(handle_), 0, static_cast<DWORD>(length), 0, &place) != 0;
+}
+
+// There is no way to ask but to try. A shared lock disturbs nobody else who asks.
+bool LockFile::isFree(std::uint64_t offset, std::uint64_t length) {
+  if (length == 0) return true;
+  return lockRange(asHandle(handle_), 0, offset, length) && give(offset, length);
 }
 
 bool LockFile::isPresent() const {

@@ -17,12 +17,13 @@ using namespace std::chrono_literals;
 // A writer in another language: knows the protocol, not the library.
 class Outsider {
  public:
-  static constexpr off_t kGate = 0;
-  static constexpr off_t kWriter = 1;
+  static constexpr off_t kFirstPlace = 0;
+  static constexpr off_t kLastPlace = 0xFFFFE;
+  static constexpr off_t kWriter = 0xFFFFF;
 
   Outsider(const std::string& folder, std::uint32_t number, off_t byte = kWriter)
       : file_(::open((folder + "/.orvane.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)),
-        offset_(off_t{number} * 2 + byte) {}
+        offset_(off_t{number} * 0x100000 + byte) {}
   Outsider(const Outsider&) = delete;
   Outsider& operator=(const Outsider&) = delete;
   ~Outsider() { ::close(file_); }
@@ -42,6 +43,8 @@ class Outsider {
   off_t offset_;
 };
 
+const std::uint32_t kNumber = lockNumberOf(u"job.vqs");
+
 using JobFileLock = JobFolder;
 
 TEST(JobFileLockNumber, IsThatOfTheDocumentedExample) {
@@ -53,7 +56,7 @@ TEST(JobFileLockNumber, IsThatOfTheDocumentedExample) {
 
 TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   JobFile file(published());
-  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   std::atomic<bool> released = false;
   std::thread holder([&] {
@@ -66,14 +69,14 @@ TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   holder.join();
 }
 
-TEST_F(JobFileLock, AWriteWaitsForWhoeverCameFirstToTheGate) {
+TEST_F(JobFileLock, AWriteWaitsForWhoeverQueuesBeforeIt) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
-  const Outsider other(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+  const Outsider other(folder_, kNumber, Outsider::kFirstPlace);
   ASSERT_TRUE(other.lock());
   std::atomic<bool> released = false;
   std::thread holder([&] {
-    std::this_thread::sleep_for(100ms);
+    std::this_thread::sleep_for(300ms);
     released = true;
     other.unlock();
   });
@@ -82,34 +85,59 @@ TEST_F(JobFileLock, AWriteWaitsForWhoeverCameFirstToTheGate) {
   holder.join();
 }
 
-TEST_F(JobFileLock, LeavesTheGateWhenItGivesUp) {
-  const Outsider writer(folder_, lockNumberOf(u"job.vqs"));
-  const Outsider gate(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+TEST_F(JobFileLock, ANewcomerWaitsForThoseWhoQueue) {
+  LockFile file(folder_ + "/");
+  const Outsider other(folder_, kNumber, Outsider::kLastPlace);
+  ASSERT_TRUE(other.lock());
+  EXPECT_FALSE(file.tryLock(kNumber));
+  other.unlock();
+  EXPECT_TRUE(file.tryLock(kNumber));
+}
+
+TEST_F(JobFileLock, TheQueueIsInTheOrderOfPlaces) {
+  LockFile first(folder_ + "/");
+  LockFile second(folder_ + "/");
+  const Outsider writer(folder_, kNumber);
+  ASSERT_TRUE(writer.lock());
+  LockFile::Place early{1000};
+  LockFile::Place late{1001};
+  EXPECT_FALSE(second.tryLockInTurn(kNumber, late));
+  EXPECT_FALSE(first.tryLockInTurn(kNumber, early));
+  writer.unlock();
+  EXPECT_FALSE(second.tryLockInTurn(kNumber, late));
+  EXPECT_TRUE(first.tryLockInTurn(kNumber, early));
+  first.unlock(kNumber);
+  EXPECT_TRUE(second.tryLockInTurn(kNumber, late));
+}
+
+TEST_F(JobFileLock, APlaceIsHeldUntilItIsLeft) {
+  const Outsider writer(folder_, kNumber);
+  const Outsider rival(folder_, kNumber, 1000);
   ASSERT_TRUE(writer.lock());
   LockFile file(folder_ + "/");
-  bool queued = false;
-  EXPECT_FALSE(file.tryLock(lockNumberOf(u"job.vqs"), queued));
-  EXPECT_TRUE(queued);
-  EXPECT_FALSE(gate.lock());
-  file.leaveGate(lockNumberOf(u"job.vqs"));
-  EXPECT_TRUE(gate.lock());
+  LockFile::Place place{1000};
+  EXPECT_FALSE(file.tryLockInTurn(kNumber, place));
+  EXPECT_FALSE(rival.lock());
+  file.leave(kNumber, place);
+  EXPECT_TRUE(rival.lock());
 }
 
 TEST_F(JobFileLock, IsOneByteOnceHad) {
-  const Outsider writer(folder_, lockNumberOf(u"job.vqs"));
-  const Outsider gate(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+  const Outsider writer(folder_, kNumber);
+  const Outsider first(folder_, kNumber, Outsider::kFirstPlace);
+  const Outsider last(folder_, kNumber, Outsider::kLastPlace);
   LockFile file(folder_ + "/");
-  bool queued = false;
-  ASSERT_TRUE(file.tryLock(lockNumberOf(u"job.vqs"), queued));
+  ASSERT_TRUE(file.tryLock(kNumber));
   EXPECT_FALSE(writer.lock());
-  EXPECT_TRUE(gate.lock());
-  file.unlock(lockNumberOf(u"job.vqs"));
+  EXPECT_TRUE(first.lock());
+  EXPECT_TRUE(last.lock());
+  file.unlock(kNumber);
   EXPECT_TRUE(writer.lock());
 }
 
 TEST_F(JobFileLock, AWriteThatNeverGetsTheLockIsError70AfterTenSeconds) {
   put(onDisk(u"[A]\r\nk=1\r\n"));
-  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   JobFile file(published());
   const auto begin = std::chrono::steady_clock::now();
@@ -117,14 +145,15 @@ TEST_F(JobFileLock, AWriteThatNeverGetsTheLockIsError70AfterTenSeconds) {
   const auto waited = std::chrono::steady_clock::now() - begin;
   EXPECT_GE(waited, 10s);
   EXPECT_LT(waited, 13s);
-  const Outsider gate(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
-  EXPECT_TRUE(gate.lock()) << "the place at the gate is kept";
+  EXPECT_TRUE(LockFile(folder_ + "/").tryLock(lockNumberOf(u"other.vqs")));
+  ASSERT_TRUE(other.unlock());
+  EXPECT_TRUE(LockFile(folder_ + "/").tryLock(kNumber)) << "a place in the queue is kept";
   EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\n"));
 }
 
 TEST_F(JobFileLock, ReadersDoNotWait) {
   put(onDisk(u"[A]\r\nk=1\r\n"));
-  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   JobFile file(published());
   EXPECT_EQ(readText(file, u"A", u"k"), u"1");
@@ -140,7 +169,7 @@ TEST_F(JobFileLock, FilesOfOneFolderDoNotWaitForEachOther) {
 TEST_F(JobFileLock, IsFreeBetweenWritesAndWhileAScopeWorks) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
-  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   file.together([&] {
     file.write(u"A", u"k", u"2");
     EXPECT_TRUE(other.lock());
@@ -152,7 +181,7 @@ TEST_F(JobFileLock, ADeletedLockFileIsMadeAnew) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
   std::filesystem::remove(path(".orvane.lock"));
-  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   std::thread holder([&] {
     std::this_thread::sleep_for(100ms);
