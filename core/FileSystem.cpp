@@ -33,6 +33,13 @@ fs::path pathOf(TextView published) {
   throw Error(ErrorNumber::PathFileAccess);
 }
 
+// Follows links; what cannot be looked at is no file.
+bool isFile(const fs::path& path) {
+  std::error_code ignored;
+  const auto status = fs::status(path, ignored);
+  return fs::exists(status) && !fs::is_directory(status);
+}
+
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
@@ -49,10 +56,10 @@ class SystemFileSystem : public FileSystem {
   void copyFile(TextView from, TextView to) const override {
     if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);
     const fs::path target = pathOf(to);
-    if (!fs::is_directory(target.parent_path())) throw Error(ErrorNumber::PathNotFound);
+    std::error_code failure;
+    if (!fs::is_directory(target.parent_path(), failure)) throw Error(ErrorNumber::PathNotFound);
     fs::path partial = target;
     partial += ".orvane-copy.tmp";
-    std::error_code failure;
     fs::copy_file(pathOf(from), partial, fs::copy_options::overwrite_existing, failure);
     if (!failure) fs::rename(partial, target, failure);
     if (!failure) return;
@@ -66,7 +73,7 @@ class SystemFileSystem : public FileSystem {
     std::error_code failure;
     for (fs::directory_iterator entry(pathOf(folder), failure), end; !failure && entry != end;
          entry.increment(failure)) {
-      if (!entry->is_directory()) names.push_back(entry->path().filename().u16string());
+      if (isFile(entry->path())) names.push_back(entry->path().filename().u16string());
     }
     if (failure) raise(failure);
     std::sort(names.begin(), names.end());

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "core/Error.h"
@@ -13,6 +14,10 @@ namespace {
 constexpr std::size_t kLongestNumber =
     64;  // a double in shortest or 15-digit form takes at most 24 characters
 
+// Below it, whole numbers are written with all their digits, which servers read with any conversion to an
+// integer.
+constexpr double kLongestPlain = 1e15;
+
 Text widen(const char* begin, const char* end) { return Text(begin, end); }
 
 // Nothing where `text` holds what no number has.
@@ -23,6 +28,13 @@ std::optional<std::string> narrow(TextView text) {
     out += static_cast<char>(unit);
   }
   return out;
+}
+
+// Which end of the range a number lies beyond: its exponent tells, or else its whole part.
+bool isTiny(const std::string& digits) {
+  const auto exponent = digits.find_first_of("eE");
+  if (exponent != std::string::npos) return digits[exponent + 1] == '-';
+  return digits.find_first_of("123456789") > digits.find('.');
 }
 
 TextView trimmed(TextView text) {
@@ -52,17 +64,21 @@ double toDouble(Currency amount) { return static_cast<double>(amount.tenThousand
 
 Text numberText(double number) {
   char buffer[kLongestNumber];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, number == 0 ? 0.0 : number);
+  const double shown = number == 0 ? 0.0 : number;
+  const bool plain = std::trunc(shown) == shown && std::fabs(shown) < kLongestPlain;
+  const auto result = plain ? std::to_chars(buffer, std::end(buffer), shown, std::chars_format::fixed)
+                            : std::to_chars(buffer, std::end(buffer), shown);
   return widen(buffer, result.ptr);
 }
 
 std::optional<double> parseNumber(TextView text) {
   auto digits = narrow(trimmed(text));
   if (!digits) return std::nullopt;
-  if (digits->starts_with('+')) digits->erase(0, 1);
+  const bool plus = digits->starts_with('+');
+  if (plus) digits->erase(0, 1);
   // The standard conversion would also take words such as "inf" and a second sign.
   const auto first = digits->find_first_not_of('-');
-  if (first == std::string::npos || first > 1 ||
+  if (first == std::string::npos || first > (plus ? 0 : 1) ||
       !(std::isdigit(static_cast<unsigned char>((*digits)[first])) || (*digits)[first] == '.')) {
     return std::nullopt;
   }
@@ -71,8 +87,8 @@ std::optional<double> parseNumber(TextView text) {
   const auto result = std::from_chars(digits->data(), end, number);
   if (result.ptr != end) return std::nullopt;
   if (result.ec == std::errc::result_out_of_range) {
-    const bool tiny = digits->find("e-") != std::string::npos || digits->find("E-") != std::string::npos;
-    number = tiny ? 0 : std::copysign(std::numeric_limits<double>::infinity(), first == 1 ? -1.0 : 1.0);
+    const double infinity = std::numeric_limits<double>::infinity();
+    number = isTiny(*digits) ? 0 : first == 1 ? -infinity : infinity;
   }
   return number;
 }

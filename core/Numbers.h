@@ -16,7 +16,8 @@ std::int32_t roundToLong(double number);
 Currency toCurrency(double number);
 double toDouble(Currency amount);
 
-/// The job file's form: the shortest decimal that reads back to the same double, with a point.
+/// The job file's form: the shortest decimal that reads back to the same double, with a point. Whole numbers
+/// below 1e15 have no exponent.
 Text numberText(double number);
 
 /// The number that a whole text spells (blanks around it allowed, a point as separator); nothing where it

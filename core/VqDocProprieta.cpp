@@ -7,6 +7,8 @@ namespace orvane {
 VqDocProprieta::VqDocProprieta()
     : Component(u"Proprieta", u"Proprieta"), Guid(u"GUID_" + newGuid().substr(1, 36)) {}
 
+VqDocProprieta::~VqDocProprieta() = default;
+
 void VqDocProprieta::ImpostaFile(const std::shared_ptr<JobFile>& file) {
   Component::ImpostaFile(file);
   bind(file, Tipo, Lingua, Errore, Comando, CatalogoSorgente, Intestazione, Esito);

@@ -13,6 +13,7 @@ namespace orvane {
 class VqDocProprieta : public Component, private Owner {
  public:
   VqDocProprieta();
+  ~VqDocProprieta() override;
 
   /// "GUID_" and a new GUID in 36 characters: the identity of this object, in no file and in no XML.
   ReadOnly<Text, VqDocProprieta> Guid;

@@ -14,6 +14,8 @@ template class LinkedDocuments<VqDocStampa, PrintLinks>;
 
 VqDocStampa::VqDocStampa() : Document(kKind) {}
 
+VqDocStampa::~VqDocStampa() = default;
+
 void VqDocStampa::bindComponents(const std::shared_ptr<JobFile>& file) {
   bind(file, Coda, Dimensione, Orientamento, Alimentazione, Pinzatura, FronteRetro, Fascicolazione,
        LayoutPagina, Diretta, Collegati);

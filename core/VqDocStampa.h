@@ -17,6 +17,7 @@ namespace orvane {
 class VqDocStampa : public Document {
  public:
   VqDocStampa();
+  ~VqDocStampa() override;
 
   VqDocCodaStampa Coda;
 

@@ -14,6 +14,8 @@ template class LinkedDocuments<VqDocEmail, TransmittedLinks<vdce_Eliminato>>;
 
 VqDocEmail::VqDocEmail() : Document(kKind) {}
 
+VqDocEmail::~VqDocEmail() = default;
+
 void VqDocEmail::bindComponents(const std::shared_ptr<JobFile>& file) {
   bind(file, A, Account, Cc, Ccn, Messaggio, Coda, Dimensione, Orientamento, LayoutPagina, Cedolino, Allegati,
        Collegati, Trasmissione);

@@ -18,6 +18,7 @@ namespace orvane {
 class VqDocEmail : public Document {
  public:
   VqDocEmail();
+  ~VqDocEmail() override;
 
   VqDocAccount Account;
   VqDocDestinatariA A;

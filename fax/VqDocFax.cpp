@@ -14,6 +14,8 @@ template class LinkedDocuments<VqDocFax, TransmittedLinks<vdcf_Eliminato>>;
 
 VqDocFax::VqDocFax() : TransmittedFax(kKind) {}
 
+VqDocFax::~VqDocFax() = default;
+
 void VqDocFax::bindComponents(const std::shared_ptr<JobFile>& file) {
   bind(file, NumeroFax, Coda, Dimensione, Orientamento, LayoutPagina, Trasmissione, Frontespizio, Cedolino,
        Collegati, Account, Allegati);

@@ -11,6 +11,7 @@ namespace orvane {
 class VqDocFax : public TransmittedFax {
  public:
   VqDocFax();
+  ~VqDocFax() override;
 
   VqDocCodaFax Coda;
   VqDocLayoutPagina LayoutPagina;

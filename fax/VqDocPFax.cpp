@@ -12,6 +12,8 @@ constexpr DocumentKind kKind{vdt_PFax, u"Fax", u"PrinterFax", u"VqDocPFax", u".v
 
 VqDocPFax::VqDocPFax() : TransmittedFax(kKind) {}
 
+VqDocPFax::~VqDocPFax() = default;
+
 void VqDocPFax::bindComponents(const std::shared_ptr<JobFile>& file) {
   bind(file, NumeroFax, Coda, Dimensione, Orientamento, Trasmissione, Frontespizio, Cedolino, Collegati,
        Account);

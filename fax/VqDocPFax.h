@@ -10,6 +10,7 @@ namespace orvane {
 class VqDocPFax : public TransmittedFax {
  public:
   VqDocPFax();
+  ~VqDocPFax() override;
 
   VqDocCodaPFax Coda;
 

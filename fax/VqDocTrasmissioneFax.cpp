@@ -2,6 +2,10 @@
 
 namespace orvane {
 
+VqDocTrasmissioneFax::VqDocTrasmissioneFax() : Component(u"TrasmissioneFax", u"Trasmissione") {}
+
+VqDocTrasmissioneFax::~VqDocTrasmissioneFax() = default;
+
 void VqDocTrasmissioneFax::ImpostaFile(const std::shared_ptr<JobFile>& file) {
   Component::ImpostaFile(file);
   bind(file, TipoFax, Dispositivo, Compressione, BaudSend, ECM, BFT, Pagina, Risoluzione, Colore, TRMStatus,

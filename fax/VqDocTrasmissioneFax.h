@@ -9,7 +9,8 @@ namespace orvane {
 /// checked.
 class VqDocTrasmissioneFax : public Component, private Owner {
  public:
-  VqDocTrasmissioneFax() : Component(u"TrasmissioneFax", u"Trasmissione") {}
+  VqDocTrasmissioneFax();
+  ~VqDocTrasmissioneFax() override;
 
   VqDocFaxTipoFax TipoFax;
   VqDocFaxDispositivo Dispositivo;

@@ -2,6 +2,11 @@
 
 namespace orvane {
 
+VqDocCatalogo::VqDocCatalogo(const char16_t* section, const char16_t* element)
+    : Component(section, element), Tipo(section) {}
+
+VqDocCatalogo::~VqDocCatalogo() = default;
+
 void VqDocCatalogo::ImpostaFile(const std::shared_ptr<JobFile>& file) {
   Component::ImpostaFile(file);
   bind(file, Tipo);

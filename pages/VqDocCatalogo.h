@@ -44,8 +44,8 @@ class VqDocCatalogo : public Component, private Owner {
   void copyCodes(const VqDocCatalogo& from);
 
  protected:
-  VqDocCatalogo(const char16_t* section, const char16_t* element)
-      : Component(section, element), Tipo(section) {}
+  VqDocCatalogo(const char16_t* section, const char16_t* element);
+  ~VqDocCatalogo() override;
 
   void ImpostaFile(const std::shared_ptr<JobFile>& file) override;
   void LeggiFile() override;

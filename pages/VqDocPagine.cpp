@@ -4,6 +4,17 @@
 
 namespace orvane {
 
+namespace {
+
+// The path of a folder however it was named: no separator at its end, unless it is a root.
+TextView pathOf(TextView folder) {
+  const auto separated = [&] { return folder.ends_with(u'\\') || folder.ends_with(u'/'); };
+  while (folder.size() > 1 && separated() && folder[folder.size() - 2] != u':') folder.remove_suffix(1);
+  return folder;
+}
+
+}  // namespace
+
 void VqDocPagine::ImpostaFile(const std::shared_ptr<JobFile>& file) {
   Component::ImpostaFile(file);
   bind(file, Stato);
@@ -23,7 +34,7 @@ void VqDocPagine::Carica(TextView PercorsoPagine) {
   for (Text& name : fileSystem.files(PercorsoPagine)) {
     if (!name.ends_with(u".dpg")) continue;
     auto page = Nuova();
-    page->FileIntestazione = {Text(PercorsoPagine), std::move(name)};
+    page->FileIntestazione = {Text(pathOf(PercorsoPagine)), std::move(name)};
     page->LeggiFile();
     Add(std::move(page));
   }

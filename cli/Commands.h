@@ -1,0 +1,86 @@
+// What the commands do. Each makes a session of its own; errors leave it as Failure or UsageError.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace orvane::cli {
+
+/// Where a command writes: results, and remarks that are no results.
+struct Console {
+  std::ostream& out;
+  std::ostream& err;
+};
+
+using Strings = std::vector<std::string>;
+
+struct NewOptions {
+  std::string kind, id, folder, inner;
+  bool linked = false, force = false;
+  Strings assignments;
+};
+
+/// Make a job file, set members, print the file's name. Nothing is made where an assignment is not understood
+/// or, without `force`, the file exists (failure 58).
+void newJob(const Console& console, const NewOptions& options);
+
+struct SetOptions {
+  std::string file, pages;
+  Strings assignments;
+};
+
+/// Change members. Nothing is changed where an assignment is not understood. A value that a new loading of
+/// the job does not give back is remarked on.
+void setMembers(const Console& console, const SetOptions& options);
+
+struct GetOptions {
+  std::string file, pages;
+  Strings paths;
+  bool raw = false;
+};
+
+/// Print the value of one path, or `Path=value` for each of many; of an object all its members.
+void getMembers(const Console& console, const GetOptions& options);
+
+struct ShowOptions {
+  std::string file, pages;
+  bool all = false;
+};
+void show(const Console& console, const ShowOptions& options);
+
+struct XmlOptions {
+  std::string file;
+  bool pretty = false;
+};
+void printXml(const Console& console, const XmlOptions& options);
+
+void printCodes(const Console& console, const std::string& className);
+
+struct DuplicateOptions {
+  std::string file, id, folder;
+};
+
+/// Copy a print job with its body file and its linked jobs, print the new file's name. Failure 445 for
+/// another kind, 58 where the new file exists.
+void duplicate(const Console& console, const DuplicateOptions& options);
+
+struct AttachOptions {
+  std::string file;
+  Strings files;
+  bool missing = false;
+};
+
+/// Attach all files, or none where one is missing (53, unless `missing`) or attached already (457).
+void attach(const Console& console, const AttachOptions& options);
+
+struct LinkOptions {
+  std::string file;
+  Strings others;
+};
+
+/// Link all jobs, or none where one is of another kind (13), deleted (445), linked already (457), or leads
+/// back to the job (445).
+void link(const Console& console, const LinkOptions& options);
+
+}  // namespace orvane::cli

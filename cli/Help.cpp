@@ -1,0 +1,97 @@
+#include "cli/Help.h"
+
+namespace orvane::cli::help {
+
+const char* const program = R"(Members are addressed by their published names, whatever their case:
+  Copie   Proprieta.Utente   Dimensione.Codice   NumeroFax.NumeroEsteso
+  Diretta.CatalogoDestinazione.CompressoOn(0)   Messaggio.Nota(3)
+  Collegati.Item(0).Stampante   Documento.Oggetto (in a publication or preview)
+
+Values: numbers, texts, true/false/si/no/1/0, dates (2026-11-21, "2026-11-21 14:30:00",
+now, empty for "not set"), codes by name (vdd_A4) or number; see orvane codes.
+
+Folders are separated by / or \. The kind of a job is known from its file's extension:
+  stampa .vqs .lvq   fax .vqf .ldf   pfax .vqpf .ldf   email .vqe .lde   pbl .vqpb   anteprima .vqa
+
+Exit codes:
+  0  done
+  1  a run-time error; its number stands in parentheses in the message
+  2  the command line is wrong: unknown command, kind or option, missing argument
+  3  the output could not be written
+  4  a fault of the program
+
+Examples:
+  orvane new stampa 123 jobs Stampante=Laser Copie=2 Dimensione.Codice=vdd_A4
+  orvane show jobs/123.vqs
+  orvane COMMAND --help)";
+
+const char* const newJob =
+    R"(KIND is stampa, fax, pfax, email, pbl or anteprima. The job file's name is printed.
+No job is made where an assignment is not understood or the file exists already.
+
+Examples:
+  orvane new stampa 123 jobs Stampante=Laser Copie=2 FronteRetro.Codice=vdfr_Verticale
+  orvane new stampa 7 jobs --linked Stampante=Laser
+  orvane new fax 55 jobs NumeroFax.Numero=0612345 Oggetto="Offerta n. 12"
+  orvane new anteprima 9 jobs --of email Documento.Oggetto=Saluti)";
+
+const char* const set =
+    R"(Either all assignments are understood, or nothing is changed. A value that a job file does not
+keep is remarked on.
+
+Examples:
+  orvane set jobs/123.vqs Copie=3 Proprieta.Utente=rossi Proprieta.Data=now
+  orvane set jobs/123.vqs Coda.Codice=vdcs_InStampa
+  orvane set jobs/123.vqs "Diretta.CatalogoDestinazione.CompressoOn(0)=27"
+  orvane set jobs/123.vqs --pages jobs/123 "Pagine.Item(1).NuovoFoglio=si")";
+
+const char* const get =
+    R"(One path prints its value, several print Path=value each; an object prints its members.
+Methods without arguments can be read.
+
+Examples:
+  orvane get jobs/123.vqs Copie
+  orvane get jobs/123.vqs Coda.Codice Coda.Descrizione Proprieta.Data
+  orvane get jobs/55.vqf NumeroFax.NumeroEsteso
+  orvane get jobs/123.vqs Coda --raw)";
+
+const char* const show =
+    R"(Codes are shown with name, number and text, dates as dates. Without --all only members that
+are not as in a new document are shown.
+
+Examples:
+  orvane show jobs/123.vqs
+  orvane show jobs/123.vqs --all
+  orvane show jobs/123.vqs --pages jobs/123)";
+
+const char* const xml = R"(Examples:
+  orvane xml jobs/123.vqs > 123.xml
+  orvane xml jobs/123.vqs --pretty)";
+
+const char* const codes = R"(Examples:
+  orvane codes
+  orvane codes Dimensione
+  orvane codes enmVqDocCodaFax)";
+
+const char* const duplicate =
+    R"(Body and script files and linked jobs are copied too: a linked job 7 becomes NEWID_7.lvq. Pages,
+stapling and what the server reported are not copied. The new job file's name is printed.
+
+Examples:
+  orvane duplicate jobs/123.vqs 200
+  orvane duplicate jobs/123.vqs 200 archive)";
+
+const char* const attach = R"(For jobs of kind fax, email and pbl. Either all files are attached or none.
+
+Examples:
+  orvane attach jobs/55.vqf offer.pdf terms.pdf
+  orvane attach jobs/55.vqf --missing 'C:\Offers\offer.pdf')";
+
+const char* const link =
+    R"(Either all jobs are linked or none. Print jobs link print jobs, e-mails link e-mails, faxes and
+printer-faxes link faxes.
+
+Examples:
+  orvane link jobs/123.vqs jobs/7.lvq jobs/8.lvq)";
+
+}  // namespace orvane::cli::help
