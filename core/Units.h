@@ -28,12 +28,21 @@ constexpr std::uint64_t holds(std::uint64_t four, char16_t unit) {
   return holdsBelow(four ^ inAllPlaces(unit), 1);
 }
 
+/// The first place from `at` on whose unit `stops`; the size of `text` where none does. `mayStop` tells it
+/// for four units together, and may be not 0 where none of them does.
+template <class MayStop, class Stops>
+std::size_t findWhere(TextView text, std::size_t at, MayStop mayStop, Stops stops) {
+  while (at + 4 <= text.size() && mayStop(fourUnits(text.data() + at)) == 0) at += 4;
+  while (at < text.size() && !stops(text[at])) ++at;
+  return at;
+}
+
 /// The first place from `at` on where one of `units` stands; the size of `text` where none does.
 template <char16_t... units>
 std::size_t findAnyOf(TextView text, std::size_t at = 0) {
-  while (at + 4 <= text.size() && !(holds(fourUnits(text.data() + at), units) | ...)) at += 4;
-  while (at < text.size() && !((text[at] == units) || ...)) ++at;
-  return at;
+  return findWhere(
+      text, at, [](std::uint64_t four) { return (holds(four, units) | ...); },
+      [](char16_t unit) { return ((unit == units) || ...); });
 }
 
 /// True for the same units, case included.

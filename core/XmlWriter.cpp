@@ -20,17 +20,14 @@ constexpr bool isPlain(char16_t unit) {
   return unit >= 0x20 && unit != u'&' && unit != u'<' && unit != u'>' && unit < 0xD800;
 }
 
-// The first unit from `at` on that is not plain. Four at a time: units from 0x8000 on are looked at one by
-// one.
+// Not 0 where one of four units is not plain; units from 0x8000 on are looked at one by one.
+std::uint64_t mayBeOdd(std::uint64_t four) {
+  const std::uint64_t markup = holds(four, u'&') | holds(four, u'<') | holds(four, u'>');
+  return markup | holdsBelow(four, 0x20) | (four & inAllPlaces(0x8000));
+}
+
 std::size_t endOfPlain(TextView text, std::size_t at) {
-  for (; at + 4 <= text.size(); at += 4) {
-    const std::uint64_t four = fourUnits(text.data() + at);
-    const std::uint64_t odd =
-        holdsBelow(four, 0x20) | holds(four, u'&') | holds(four, u'<') | holds(four, u'>');
-    if ((odd | (four & inAllPlaces(0x8000))) != 0) break;
-  }
-  while (at < text.size() && isPlain(text[at])) ++at;
-  return at;
+  return findWhere(text, at, mayBeOdd, [](char16_t unit) { return !isPlain(unit); });
 }
 
 // What stands for a unit that is not plain and is no part of a surrogate pair.
