@@ -21,7 +21,8 @@ class Values {
 
 class Assignments {
  public:
-  explicit Assignments(Place place) : folder_(place), where_(fileSystemOf(place) + "/") {
+  Assignments(const VqDocumenti& factory, Place place)
+      : factory_(factory), folder_(place), where_(fileSystemOf(place) + "/") {
     fax_ = fullFax(factory_, folder_.published(), u"1", kAttachments);
     bytes_ = readFile(jobFile());
     writeFile(folder_.path("raw"), bytes_);
@@ -84,7 +85,7 @@ class Assignments {
     });
   }
 
-  VqDocumenti factory_;
+  const VqDocumenti& factory_;
   Folder folder_;
   std::string where_;
   std::shared_ptr<VqDocFax> fax_;
@@ -98,8 +99,9 @@ class Assignments {
 
 int main(int argc, char** argv) {
   using namespace orvane::bench;
-  Assignments disk(Place::Disk);
-  Assignments memory(Place::Memory);
+  const orvane::VqDocumenti factory;
+  Assignments disk(factory, Place::Disk);
+  Assignments memory(factory, Place::Memory);
   disk.addAll();
   memory.addAll();
   disk.addFlushed();

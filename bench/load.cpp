@@ -81,7 +81,8 @@ class OnePass {
 
 class Loads {
  public:
-  explicit Loads(Place place) : folder_(place), where_(fileSystemOf(place) + "/") {
+  Loads(const VqDocumenti& factory, Place place)
+      : factory_(factory), folder_(place), where_(fileSystemOf(place) + "/") {
     xml_ = fullFax(factory_, folder_.published(), u"1")->Xml();
     bytes_ = readFile(jobFile());
     writeForPeers(jobFile(), folder_.path("peer"));
@@ -141,7 +142,7 @@ class Loads {
     });
   }
 
-  VqDocumenti factory_;
+  const VqDocumenti& factory_;
   Folder folder_;
   std::string where_;
   std::string jobFile_ = jobFile();
@@ -161,8 +162,9 @@ class Loads {
 
 int main(int argc, char** argv) {
   using namespace orvane::bench;
-  Loads disk(Place::Disk);
-  Loads memory(Place::Memory);
+  const orvane::VqDocumenti factory;
+  Loads disk(factory, Place::Disk);
+  Loads memory(factory, Place::Memory);
   disk.addAll();
   memory.addAll();
   return run(argc, argv);
