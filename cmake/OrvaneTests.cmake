@@ -56,9 +56,8 @@ endfunction()
 
 # orvane_bench(<name> <source>...) builds a Google Benchmark program; a short run of it is the test bench.<name>.
 function(orvane_bench name)
-  find_package(benchmark REQUIRED)
   orvane_program(bench_${name} ${ARGN})
-  target_link_libraries(bench_${name} PRIVATE benchmark::benchmark benchmark::benchmark_main)
+  target_link_libraries(bench_${name} PRIVATE orvane_bench_base)
   add_test(NAME bench.${name} COMMAND bench_${name} --benchmark_min_time=0.01)
   set_tests_properties(bench.${name} PROPERTIES LABELS unsanitised)
 endfunction()

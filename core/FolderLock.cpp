@@ -10,6 +10,14 @@ namespace orvane {
 namespace {
 
 constexpr std::chrono::seconds kLongestWait{10};
+constexpr std::chrono::milliseconds kLongWait{100};
+
+std::uint64_t placeOfNow() {
+  using std::chrono::milliseconds;
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return static_cast<std::uint64_t>(std::chrono::duration_cast<milliseconds>(now).count()) %
+         LockFile::kPlaces;
+}
 
 using Registry = std::unordered_map<std::string, std::weak_ptr<FolderLock>>;
 
@@ -26,32 +34,65 @@ std::shared_ptr<FolderLock> FolderLock::of(const std::string& folder) {
   return lock;
 }
 
-bool FolderLock::tryLock(std::uint32_t offset) {
+void FolderLock::lock(std::uint32_t number) {
+  Patience patience(kLongestWait);
+  const auto wait = [&] {
+    if (!patience.wait()) throw Error(ErrorNumber::PermissionDenied);
+  };
   std::unique_lock mine(used_, std::try_to_lock);
-  if (!mine.owns_lock() || !file_.tryLock(offset)) return false;
+  while (!mine.owns_lock() && !mine.try_lock()) wait();
+  bool had = file_.tryLock(number);
+  while (!had && patience.waited() < kLongWait) {
+    wait();
+    had = file_.tryLock(number);
+  }
+  if (!had) queueUp(number, wait);
   mine.release();
-  return true;
 }
 
-void FolderLock::lock(std::uint32_t offset) {
-  Patience patience(kLongestWait);
-  while (!tryLock(offset)) {
-    if (!patience.wait()) throw Error(ErrorNumber::PermissionDenied);
+template <class Wait>
+void FolderLock::queueUp(std::uint32_t number, Wait&& wait) {
+  LockFile::Place place{placeOfNow()};
+  try {
+    while (!file_.tryLockInTurn(number, place)) wait();
+  } catch (...) {
+    file_.leave(number, place);
+    throw;
   }
 }
 
-void FolderLock::unlock(std::uint32_t offset) noexcept {
-  file_.unlock(offset);
+void FolderLock::unlock(std::uint32_t number) noexcept {
+  file_.unlock(number);
   used_.unlock();
 }
 
-bool LockFile::tryLock(std::uint32_t offset) {
+bool LockFile::tryLock(std::uint32_t number) {
   open();
-  if (!takeByte(offset)) return false;
-  // Whoever deleted or moved the lock file meanwhile left us a lock that nobody else sees.
-  if (isPresent()) return true;
+  return takeAll(number) && keepPresent(give(queueOf(number), kPlaces));
+}
+
+bool LockFile::tryLockInTurn(std::uint32_t number, Place& place) {
+  open();
+  place.taken = place.taken || take(queueOf(number) + place.at, 1);
+  if (!place.taken || !isFree(queueOf(number), place.at) || !take(writerOf(number), 1)) return false;
+  place.taken = false;
+  return keepPresent(give(queueOf(number) + place.at, 1));
+}
+
+// Whoever deleted or moved the lock file meanwhile left us a lock that nobody else sees.
+bool LockFile::keepPresent(bool given) {
+  if (given && isPresent()) return true;
   close();
   return false;
+}
+
+void LockFile::leave(std::uint32_t number, Place& place) noexcept {
+  if (place.taken && !give(queueOf(number) + place.at, 1)) close();
+  place.taken = false;
+}
+
+void LockFile::unlock(std::uint32_t number) noexcept {
+  if (!give(writerOf(number), 1)) close();
 }
 
 }  // namespace orvane

@@ -1,5 +1,5 @@
-// The lock that keeps two writers of one job file apart: one byte of the hidden file `.orvane.lock` in its
-// folder.
+// The lock that keeps two writers of one job file apart: bytes of the hidden file `.orvane.lock` in its
+// folder, one to write and others to queue.
 #pragma once
 
 #include <cstdint>
@@ -11,24 +11,50 @@ namespace orvane {
 
 /// The open lock file of one folder. Its byte-range locks belong to this object, not to the process: two of
 /// them exclude each other in one process too, and the kernel releases them when the process dies.
+///
+/// A lock has a number, and a number has 2^20 bytes: the last is the writer's, the others are places in a
+/// queue, one for each millisecond of the wall clock. Whoever has waited long holds the place of the time
+/// when he came. The writer's byte is free to all while nobody queues, and then to the first of the queue
+/// only: so writers that never rest starve nobody.
 class LockFile {
  public:
+  static constexpr std::uint64_t kBytes = 1 << 20;
+  static constexpr std::uint64_t kPlaces = kBytes - 1;
+
+  /// A place in the queue.
+  struct Place {
+    std::uint64_t at;
+    bool taken = false;
+  };
+
   explicit LockFile(const std::string& folder);
   LockFile(const LockFile&) = delete;
   LockFile& operator=(const LockFile&) = delete;
   ~LockFile() { close(); }
 
-  /// Takes the byte at `offset` of the folder's present lock file, which is created where it is missing.
-  /// False where another holds it or the lock file has just been exchanged. Raises 76 where the folder is
-  /// missing.
-  bool tryLock(std::uint32_t offset);
-  void unlock(std::uint32_t offset) noexcept;
+  /// One attempt to get the lock `number` of the folder's present lock file, which is created where it is
+  /// missing. False where another holds it, queues, or has just exchanged the lock file. Raises 76 where the
+  /// folder is missing.
+  bool tryLock(std::uint32_t number);
+
+  /// The same for one who queues: takes his place, which stays taken until he succeeds or leaves.
+  bool tryLockInTurn(std::uint32_t number, Place& place);
+  void leave(std::uint32_t number, Place& place) noexcept;
+
+  void unlock(std::uint32_t number) noexcept;
 
  private:
+  static std::uint64_t queueOf(std::uint32_t number) { return number * kBytes; }
+  static std::uint64_t writerOf(std::uint32_t number) { return number * kBytes + kPlaces; }
+
   void open();
   void close() noexcept;
-  bool takeByte(std::uint32_t offset);
+  bool takeAll(std::uint32_t number);
+  bool take(std::uint64_t offset, std::uint64_t length);
+  bool give(std::uint64_t offset, std::uint64_t length) noexcept;
+  bool isFree(std::uint64_t offset, std::uint64_t length);
   bool isPresent() const;
+  bool keepPresent(bool given);
 
   static constexpr std::intptr_t kClosed = -1;
 
@@ -48,30 +74,31 @@ class FolderLock {
   explicit FolderLock(const std::string& folder) : file_(folder) {}
 
   /// Waits at most ten seconds, then raises 70.
-  void lock(std::uint32_t offset);
-  void unlock(std::uint32_t offset) noexcept;
+  void lock(std::uint32_t number);
+  void unlock(std::uint32_t number) noexcept;
 
  private:
-  bool tryLock(std::uint32_t offset);
+  template <class Wait>
+  void queueUp(std::uint32_t number, Wait&& wait);
 
   LockFile file_;
   std::mutex
-      used_;  // a job file may be handed to another thread, and its byte would not keep two users apart
+      used_;  // a job file may be handed to another thread, and the bytes would not keep two users apart
 };
 
-/// Holds one byte of a folder's lock while in scope.
-class ByteLock {
+/// Holds one lock of a folder while in scope.
+class JobLock {
  public:
-  ByteLock(FolderLock& folder, std::uint32_t offset) : folder_(folder), offset_(offset) {
-    folder.lock(offset);
+  JobLock(FolderLock& folder, std::uint32_t number) : folder_(folder), number_(number) {
+    folder.lock(number);
   }
-  ByteLock(const ByteLock&) = delete;
-  ByteLock& operator=(const ByteLock&) = delete;
-  ~ByteLock() { folder_.unlock(offset_); }
+  JobLock(const JobLock&) = delete;
+  JobLock& operator=(const JobLock&) = delete;
+  ~JobLock() { folder_.unlock(number_); }
 
  private:
   FolderLock& folder_;
-  std::uint32_t offset_;
+  std::uint32_t number_;
 };
 
 }  // namespace orvane

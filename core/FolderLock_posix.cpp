@@ -23,13 +23,17 @@ unsigned countForks() {
   return forks.load(std::memory_order_relaxed);
 }
 
-struct flock oneByte(short type, std::uint32_t offset) {
+struct flock rangeOf(short type, std::uint64_t offset, std::uint64_t length) {
   struct flock range {};
   range.l_type = type;
   range.l_whence = SEEK_SET;
   range.l_start = static_cast<off_t>(offset);
-  range.l_len = 1;
+  range.l_len = static_cast<off_t>(length);
   return range;
+}
+
+int control(std::intptr_t handle, int command, struct flock& range) {
+  return retryInterrupted([&] { return ::fcntl(static_cast<int>(handle), command, &range); });
 }
 
 int openLockFile(const std::string& path, int flags) {
@@ -75,22 +79,30 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-bool LockFile::takeByte(std::uint32_t offset) {
-  struct flock range = oneByte(F_WRLCK, offset);
-  if (retryInterrupted([&] { return ::fcntl(static_cast<int>(handle_), F_OFD_SETLK, &range); }) == 0)
-    return true;
+bool LockFile::takeAll(std::uint32_t number) { return take(queueOf(number), kBytes); }
+
+bool LockFile::take(std::uint64_t offset, std::uint64_t length) {
+  struct flock range = rangeOf(F_WRLCK, offset, length);
+  if (control(handle_, F_OFD_SETLK, range) == 0) return true;
   if (errno == EAGAIN || errno == EACCES) return false;
   raiseLastSystemError();
+}
+
+bool LockFile::give(std::uint64_t offset, std::uint64_t length) noexcept {
+  struct flock range = rangeOf(F_UNLCK, offset, length);
+  return control(handle_, F_OFD_SETLK, range) == 0;
+}
+
+bool LockFile::isFree(std::uint64_t offset, std::uint64_t length) {
+  if (length == 0) return true;
+  struct flock range = rangeOf(F_WRLCK, offset, length);
+  if (control(handle_, F_OFD_GETLK, range) != 0) raiseLastSystemError();
+  return range.l_type == F_UNLCK;
 }
 
 bool LockFile::isPresent() const {
   struct stat state {};
   return ::stat(path_.c_str(), &state) == 0 && state.st_dev == device_ && state.st_ino == inode_;
-}
-
-void LockFile::unlock(std::uint32_t offset) noexcept {
-  struct flock range = oneByte(F_UNLCK, offset);
-  if (retryInterrupted([&] { return ::fcntl(static_cast<int>(handle_), F_OFD_SETLK, &range); }) != 0) close();
 }
 
 }  // namespace orvane

@@ -10,10 +10,20 @@ namespace {
 
 HANDLE asHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
 
-OVERLAPPED at(std::uint32_t offset) {
+OVERLAPPED at(std::uint64_t offset) {
   OVERLAPPED place{};
-  place.Offset = offset;
+  place.Offset = static_cast<DWORD>(offset);
+  place.OffsetHigh = static_cast<DWORD>(offset >> 32);
   return place;
+}
+
+bool lockRange(HANDLE file, DWORD kind, std::uint64_t offset, std::uint64_t length) {
+  OVERLAPPED place = at(offset);
+  if (LockFileEx(file, kind | LOCKFILE_FAIL_IMMEDIATELY, 0, static_cast<DWORD>(length), 0, &place))
+    return true;
+  const DWORD code = GetLastError();
+  if (code == ERROR_LOCK_VIOLATION || code == ERROR_IO_PENDING) return false;
+  raiseSystemError(code);
 }
 
 }  // namespace
@@ -34,24 +44,38 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-bool LockFile::takeByte(std::uint32_t offset) {
+// A range can be given back only as it was taken, so the queue is taken by itself.
+bool LockFile::takeAll(std::uint32_t number) {
+  if (!take(queueOf(number), kPlaces)) return false;
+  try {
+    if (take(writerOf(number), 1)) return true;
+  } catch (...) {
+    close();
+    throw;
+  }
+  if (!give(queueOf(number), kPlaces)) close();
+  return false;
+}
+
+bool LockFile::take(std::uint64_t offset, std::uint64_t length) {
+  return lockRange(asHandle(handle_), LOCKFILE_EXCLUSIVE_LOCK, offset, length);
+}
+
+bool LockFile::give(std::uint64_t offset, std::uint64_t length) noexcept {
   OVERLAPPED place = at(offset);
-  if (LockFileEx(asHandle(handle_), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
-    return true;
-  const DWORD code = GetLastError();
-  if (code == ERROR_LOCK_VIOLATION || code == ERROR_IO_PENDING) return false;
-  raiseSystemError(code);
+  return UnlockFileEx(asHandle(handle_), 0, static_cast<DWORD>(length), 0, &place) != 0;
+}
+
+// There is no way to ask but to try. A shared lock disturbs nobody else who asks.
+bool LockFile::isFree(std::uint64_t offset, std::uint64_t length) {
+  if (length == 0) return true;
+  return lockRange(asHandle(handle_), 0, offset, length) && give(offset, length);
 }
 
 bool LockFile::isPresent() const {
   FILE_STANDARD_INFO state{};
   if (!GetFileInformationByHandleEx(asHandle(handle_), FileStandardInfo, &state, sizeof state)) return false;
   return state.NumberOfLinks > 0 && !state.DeletePending;
-}
-
-void LockFile::unlock(std::uint32_t offset) noexcept {
-  OVERLAPPED place = at(offset);
-  if (!UnlockFileEx(asHandle(handle_), 0, 1, 0, &place)) close();
 }
 
 }  // namespace orvane

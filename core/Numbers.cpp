@@ -43,6 +43,19 @@ TextView trimmed(TextView text) {
   return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
 }
 
+// Most stored numbers are whole and short.
+std::optional<double> shortWhole(TextView text) {
+  const bool negative = text.starts_with(u'-');
+  const TextView digits = text.substr(negative ? 1 : 0);
+  if (digits.empty() || digits.size() > 9) return std::nullopt;
+  std::int32_t number = 0;
+  for (const char16_t digit : digits) {
+    if (digit < u'0' || digit > u'9') return std::nullopt;
+    number = 10 * number + (digit - u'0');
+  }
+  return negative ? -static_cast<double>(number) : number;
+}
+
 }  // namespace
 
 std::int32_t roundToLong(double number) {
@@ -72,6 +85,7 @@ Text numberText(double number) {
 }
 
 std::optional<double> parseNumber(TextView text) {
+  if (const auto number = shortWhole(text)) return number;
   auto digits = narrow(trimmed(text));
   if (!digits) return std::nullopt;
   const bool plus = digits->starts_with('+');

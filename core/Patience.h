@@ -9,26 +9,31 @@ namespace orvane {
 /// Gives up the processor a few times, then sleeps in growing steps of at most a millisecond.
 class Patience {
  public:
+  using Clock = std::chrono::steady_clock;
+
   explicit Patience(std::chrono::milliseconds limit) : limit_(limit) {}
 
   /// Waits a little; false, without waiting, once the limit is over.
   bool wait() {
-    if (pauses_++ == 0) end_ = Clock::now() + limit_;
+    if (pauses_++ == 0) begin_ = Clock::now();
     if (pauses_ <= kYields) return std::this_thread::yield(), true;
-    if (Clock::now() >= end_) return false;
+    if (waited() >= limit_) return false;
     std::this_thread::sleep_for(step_);
     step_ = step_ * 3 / 2 < kLongestStep ? step_ * 3 / 2 : kLongestStep;
     return true;
   }
 
+  /// How long it has been since the first wait.
+  Clock::duration waited() const { return pauses_ == 0 ? Clock::duration::zero() : Clock::now() - begin_; }
+
  private:
-  using Clock = std::chrono::steady_clock;
   static constexpr int kYields = 8;
+  static constexpr std::chrono::microseconds kShortestStep{20};
   static constexpr std::chrono::microseconds kLongestStep{1000};
 
   std::chrono::milliseconds limit_;
-  Clock::time_point end_{};
-  std::chrono::microseconds step_{20};
+  Clock::time_point begin_{};
+  std::chrono::microseconds step_ = kShortestStep;
   int pauses_ = 0;
 };
 

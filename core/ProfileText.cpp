@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "core/ProfileValue.h"
+#include "core/Units.h"
 
 namespace orvane {
 
@@ -32,23 +33,6 @@ std::uint32_t hashOf(TextView name, std::uint32_t owner) {
 }
 
 bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
-
-// Not 0 where one of the four units of `four` is `unit`.
-std::uint64_t holds(std::uint64_t four, char16_t unit) {
-  constexpr std::uint64_t kOnes = 0x0001'0001'0001'0001;
-  const std::uint64_t zeroIfEqual = four ^ (kOnes * unit);
-  return (zeroIfEqual - kOnes) & ~zeroIfEqual & (kOnes << 15);
-}
-
-// Most of a file's units lie between line ends: four at a time.
-std::size_t findLineEnd(TextView text, std::size_t at) {
-  for (std::uint64_t four; at + 4 <= text.size(); at += 4) {
-    std::memcpy(&four, text.data() + at, sizeof four);
-    if (holds(four, u'\r') | holds(four, u'\n')) break;
-  }
-  while (at < text.size() && !endsLine(text[at])) ++at;
-  return at;
-}
 
 std::size_t afterLineEnd(TextView text, std::size_t end) {
   if (end == text.size()) return end;
@@ -106,7 +90,7 @@ void ProfileText::index() {
   lastSection_ = kNone;
   std::uint32_t section = kNone;
   for (std::size_t at = 1; at < text_.size();) {
-    const std::size_t end = findLineEnd(text_, at);
+    const std::size_t end = findAnyOf<u'\r', u'\n'>(text_, at);
     const std::size_t next = afterLineEnd(text_, end);
     indexLine(at, end, next, section);
     at = next;
@@ -163,14 +147,14 @@ std::uint32_t ProfileText::lookUp(std::uint32_t owner, TextView name, std::uint3
   for (std::size_t slot = hash & mask; table_[slot] != kNone; slot = (slot + 1) & mask) {
     const Entry& entry = entries_[table_[slot]];
     if (entry.hash != hash || entry.owner != owner) continue;
-    if (nameOf(entry) == name || equalIgnoringCase(nameOf(entry), name)) return table_[slot];
+    if (same(nameOf(entry), name) || equalIgnoringCase(nameOf(entry), name)) return table_[slot];
   }
   return kNone;
 }
 
 // Keys are asked for section by section.
 std::uint32_t ProfileText::findSection(TextView name) const {
-  if (lastSection_ != kNone && nameOf(entries_[lastSection_]) == name) return lastSection_;
+  if (lastSection_ != kNone && same(nameOf(entries_[lastSection_]), name)) return lastSection_;
   const std::uint32_t found = lookUp(kNone, name, hashOf(name, kNone));
   if (found != kNone) lastSection_ = found;
   return found;

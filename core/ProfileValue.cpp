@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/Units.h"
+
 namespace orvane {
 
 namespace {
@@ -88,8 +90,8 @@ void appendStoredValue(Text& out, TextView value) {
 
 TextView plainValue(TextView stored, Text& room) {
   const TextView text = withoutQuotes(stored);
-  std::size_t at = text.find(kEscape);
-  if (at == TextView::npos) return text;
+  std::size_t at = findAnyOf<kEscape>(text);
+  if (at == text.size()) return text;
   room.assign(text, 0, at);
   while (at < text.size()) {
     const int unit = escapedUnit(text, at);

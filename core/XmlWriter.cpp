@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Numbers.h"
+#include "core/Units.h"
 
 namespace orvane {
 
@@ -17,6 +18,16 @@ constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 
 // Units that need a look: everything else is copied in runs.
 constexpr bool isPlain(char16_t unit) {
   return unit >= 0x20 && unit != u'&' && unit != u'<' && unit != u'>' && unit < 0xD800;
+}
+
+// Not 0 where one of four units is not plain; units from 0x8000 on are looked at one by one.
+std::uint64_t mayBeOdd(std::uint64_t four) {
+  const std::uint64_t markup = holds(four, u'&') | holds(four, u'<') | holds(four, u'>');
+  return markup | holdsBelow(four, 0x20) | (four & inAllPlaces(0x8000));
+}
+
+std::size_t endOfPlain(TextView text, std::size_t at) {
+  return findWhere(text, at, mayBeOdd, [](char16_t unit) { return !isPlain(unit); });
 }
 
 // What stands for a unit that is not plain and is no part of a surrogate pair.
@@ -89,14 +100,15 @@ void XmlWriter::element(TextView name, Date value) {
 }
 
 void XmlWriter::putEscaped(TextView value) {
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    const char16_t unit = value[i];
-    if (isPlain(unit)) {
-      put(unit);
-    } else if (isHighSurrogate(unit) && i + 1 < value.size() && isLowSurrogate(value[i + 1])) {
-      put(unit), put(value[++i]);
+  for (std::size_t at = 0;; ++at) {
+    const std::size_t end = endOfPlain(value, at);
+    put(value.substr(at, end - at));
+    at = end;
+    if (at == value.size()) return;
+    if (isHighSurrogate(value[at]) && at + 1 < value.size() && isLowSurrogate(value[at + 1])) {
+      put(value[at]), put(value[++at]);
     } else {
-      put(replacement(value[i]));
+      put(replacement(value[at]));
     }
   }
 }

@@ -30,8 +30,10 @@ inline std::string onDisk(TextView text) {
 /// A folder of its own, deleted in the end.
 class JobFolder : public testing::Test {
  protected:
-  JobFolder() {
-    std::string pattern = testing::TempDir() + "orvane-XXXXXX";
+  JobFolder() : JobFolder(testing::TempDir()) {}
+
+  explicit JobFolder(const std::string& parent) {
+    std::string pattern = parent + "orvane-XXXXXX";
     folder_ = ::mkdtemp(pattern.data());
   }
   ~JobFolder() override {

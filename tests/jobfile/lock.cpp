@@ -17,9 +17,13 @@ using namespace std::chrono_literals;
 // A writer in another language: knows the protocol, not the library.
 class Outsider {
  public:
-  Outsider(const std::string& folder, off_t offset)
+  static constexpr off_t kFirstPlace = 0;
+  static constexpr off_t kLastPlace = 0xFFFFE;
+  static constexpr off_t kWriter = 0xFFFFF;
+
+  Outsider(const std::string& folder, std::uint32_t number, off_t byte = kWriter)
       : file_(::open((folder + "/.orvane.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)),
-        offset_(offset) {}
+        offset_(off_t{number} * 0x100000 + byte) {}
   Outsider(const Outsider&) = delete;
   Outsider& operator=(const Outsider&) = delete;
   ~Outsider() { ::close(file_); }
@@ -39,18 +43,20 @@ class Outsider {
   off_t offset_;
 };
 
+const std::uint32_t kNumber = lockNumberOf(u"job.vqs");
+
 using JobFileLock = JobFolder;
 
-TEST(JobFileLockOffset, IsThatOfTheDocumentedExample) {
-  EXPECT_EQ(lockOffsetOf(u""), 0x811C9DC5u);
-  EXPECT_EQ(lockOffsetOf(u"123.vqf"), lockOffsetOf(u"123.VQF"));
-  EXPECT_EQ(lockOffsetOf(u"\u00C8.vqs"), lockOffsetOf(u"\u00E8.vqs"));
-  EXPECT_EQ(lockOffsetOf(u"123.vqf"), 0x054B85E8u);
+TEST(JobFileLockNumber, IsThatOfTheDocumentedExample) {
+  EXPECT_EQ(lockNumberOf(u""), 0x811C9DC5u);
+  EXPECT_EQ(lockNumberOf(u"123.vqf"), lockNumberOf(u"123.VQF"));
+  EXPECT_EQ(lockNumberOf(u"\u00C8.vqs"), lockNumberOf(u"\u00E8.vqs"));
+  EXPECT_EQ(lockNumberOf(u"123.vqf"), 0x054B85E8u);
 }
 
 TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   JobFile file(published());
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   std::atomic<bool> released = false;
   std::thread holder([&] {
@@ -63,9 +69,75 @@ TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   holder.join();
 }
 
+TEST_F(JobFileLock, AWriteWaitsForWhoeverQueuesBeforeIt) {
+  JobFile file(published());
+  file.write(u"A", u"k", u"1");
+  const Outsider other(folder_, kNumber, Outsider::kFirstPlace);
+  ASSERT_TRUE(other.lock());
+  std::atomic<bool> released = false;
+  std::thread holder([&] {
+    std::this_thread::sleep_for(300ms);
+    released = true;
+    other.unlock();
+  });
+  file.write(u"A", u"k", u"2");
+  EXPECT_TRUE(released);
+  holder.join();
+}
+
+TEST_F(JobFileLock, ANewcomerWaitsForThoseWhoQueue) {
+  LockFile file(folder_ + "/");
+  const Outsider other(folder_, kNumber, Outsider::kLastPlace);
+  ASSERT_TRUE(other.lock());
+  EXPECT_FALSE(file.tryLock(kNumber));
+  other.unlock();
+  EXPECT_TRUE(file.tryLock(kNumber));
+}
+
+TEST_F(JobFileLock, TheQueueIsInTheOrderOfPlaces) {
+  LockFile first(folder_ + "/");
+  LockFile second(folder_ + "/");
+  const Outsider writer(folder_, kNumber);
+  ASSERT_TRUE(writer.lock());
+  LockFile::Place early{1000};
+  LockFile::Place late{1001};
+  EXPECT_FALSE(second.tryLockInTurn(kNumber, late));
+  EXPECT_FALSE(first.tryLockInTurn(kNumber, early));
+  writer.unlock();
+  EXPECT_FALSE(second.tryLockInTurn(kNumber, late));
+  EXPECT_TRUE(first.tryLockInTurn(kNumber, early));
+  first.unlock(kNumber);
+  EXPECT_TRUE(second.tryLockInTurn(kNumber, late));
+}
+
+TEST_F(JobFileLock, APlaceIsHeldUntilItIsLeft) {
+  const Outsider writer(folder_, kNumber);
+  const Outsider rival(folder_, kNumber, 1000);
+  ASSERT_TRUE(writer.lock());
+  LockFile file(folder_ + "/");
+  LockFile::Place place{1000};
+  EXPECT_FALSE(file.tryLockInTurn(kNumber, place));
+  EXPECT_FALSE(rival.lock());
+  file.leave(kNumber, place);
+  EXPECT_TRUE(rival.lock());
+}
+
+TEST_F(JobFileLock, IsOneByteOnceHad) {
+  const Outsider writer(folder_, kNumber);
+  const Outsider first(folder_, kNumber, Outsider::kFirstPlace);
+  const Outsider last(folder_, kNumber, Outsider::kLastPlace);
+  LockFile file(folder_ + "/");
+  ASSERT_TRUE(file.tryLock(kNumber));
+  EXPECT_FALSE(writer.lock());
+  EXPECT_TRUE(first.lock());
+  EXPECT_TRUE(last.lock());
+  file.unlock(kNumber);
+  EXPECT_TRUE(writer.lock());
+}
+
 TEST_F(JobFileLock, AWriteThatNeverGetsTheLockIsError70AfterTenSeconds) {
   put(onDisk(u"[A]\r\nk=1\r\n"));
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   JobFile file(published());
   const auto begin = std::chrono::steady_clock::now();
@@ -73,19 +145,22 @@ TEST_F(JobFileLock, AWriteThatNeverGetsTheLockIsError70AfterTenSeconds) {
   const auto waited = std::chrono::steady_clock::now() - begin;
   EXPECT_GE(waited, 10s);
   EXPECT_LT(waited, 13s);
+  EXPECT_TRUE(LockFile(folder_ + "/").tryLock(lockNumberOf(u"other.vqs")));
+  ASSERT_TRUE(other.unlock());
+  EXPECT_TRUE(LockFile(folder_ + "/").tryLock(kNumber)) << "a place in the queue is kept";
   EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\n"));
 }
 
 TEST_F(JobFileLock, ReadersDoNotWait) {
   put(onDisk(u"[A]\r\nk=1\r\n"));
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   JobFile file(published());
   EXPECT_EQ(readText(file, u"A", u"k"), u"1");
 }
 
 TEST_F(JobFileLock, FilesOfOneFolderDoNotWaitForEachOther) {
-  const Outsider other(folder_, lockOffsetOf(u"other.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"other.vqs"));
   ASSERT_TRUE(other.lock());
   JobFile(published()).write(u"A", u"k", u"1");
   EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\n"));
@@ -94,7 +169,7 @@ TEST_F(JobFileLock, FilesOfOneFolderDoNotWaitForEachOther) {
 TEST_F(JobFileLock, IsFreeBetweenWritesAndWhileAScopeWorks) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   file.together([&] {
     file.write(u"A", u"k", u"2");
     EXPECT_TRUE(other.lock());
@@ -106,7 +181,7 @@ TEST_F(JobFileLock, ADeletedLockFileIsMadeAnew) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
   std::filesystem::remove(path(".orvane.lock"));
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
   std::thread holder([&] {
     std::this_thread::sleep_for(100ms);

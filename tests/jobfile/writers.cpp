@@ -1,6 +1,9 @@
 // Many writers of one file lose no update, and readers never see it torn.
 #include <fcntl.h>
 
+#include <chrono>
+#include <thread>
+
 #include "tests/jobfile/JobFolder.h"
 #include "tests/jobfile/Processes.h"
 
@@ -9,7 +12,14 @@ namespace {
 
 Text number(int value) { return fromUtf8(std::to_string(value)); }
 
-class JobFileWriters : public JobFolder, public testing::WithParamInterface<int> {
+// In memory where the machine has such a folder: a busy disk may hold a writer up for longer than the others
+// wait, and then they are refused with reason.
+class MemoryFolder : public JobFolder {
+ protected:
+  MemoryFolder() : JobFolder(std::filesystem::exists("/dev/shm") ? "/dev/shm/" : testing::TempDir()) {}
+};
+
+class JobFileWriters : public MemoryFolder, public testing::WithParamInterface<int> {
  protected:
   // One writer counts up under its own key and sees its own last value at every step.
   bool countUp(int writer, int updates) const {
@@ -67,7 +77,7 @@ TEST_P(JobFileWriters, LoseNoUpdateAndShowNoTornFile) {
 INSTANTIATE_TEST_SUITE_P(Processes, JobFileWriters, testing::Values(2, 8, 32),
                          [](const auto& row) { return "Writers" + std::to_string(row.param); });
 
-using JobFileServer = JobFolder;
+using JobFileServer = MemoryFolder;
 
 // A client that changes its keys while a server reports in others, each in scopes of several keys.
 TEST_F(JobFileServer, AndClientKeepEachOthersKeys) {
@@ -90,6 +100,30 @@ TEST_F(JobFileServer, AndClientKeepEachOthersKeys) {
     EXPECT_EQ(readText(file, section, u"Codice"), u"500");
     EXPECT_EQ(readText(file, section, u"Ripetuto"), u"500");
   }
+}
+
+// A writer that never rests and holds the lock nearly all the time must let the others have their turns.
+TEST_F(JobFileServer, ThatNeverRestsLetsOthersWrite) {
+  JobFile file(published());
+  file.write(u"Server", u"Lungo", Text(4'000'000, u'x'));
+  int stop[2];
+  ASSERT_EQ(::pipe2(stop, O_NONBLOCK | O_CLOEXEC), 0);
+  const pid_t server = inChild([&] {
+    ::close(stop[1]);
+    JobFile busy(published());
+    int i = 0;
+    for (char end; ::read(stop[0], &end, 1) < 0;) busy.write(u"Server", u"Codice", number(++i));
+    return true;
+  });
+  const auto begin = std::chrono::steady_clock::now();
+  for (int i = 0; i < 20; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(errorOf([&] { file.write(u"Client", u"Codice", number(i)); }), 0) << i;
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+  ::close(stop[1]);
+  EXPECT_EQ(statusOf(server), 0);
+  ::close(stop[0]);
 }
 
 }  // namespace
