@@ -10,12 +10,12 @@ extern "C" IMAGE_DOS_HEADER __ImageBase;  // the linker's name for the start of 
 namespace orvane {
 
 Text ownText(std::int32_t id) {
-  if (id < 0 || id > 0xFFFF) return {};  // the system would look up the low 16 bits
+  if (id < 0 || id > 0xFFFF) return compiledText(id);  // the system would look up the low 16 bits
   const wchar_t* text = nullptr;
   const auto module = reinterpret_cast<HINSTANCE>(&__ImageBase);
   const int length = LoadStringW(module, static_cast<UINT>(id), reinterpret_cast<wchar_t*>(&text), 0);
   return length > 0 ? Text(reinterpret_cast<const char16_t*>(text), static_cast<std::size_t>(length))
-                    : Text();
+                    : compiledText(id);
 }
 
 void* loadLibrary(TextView name) {
