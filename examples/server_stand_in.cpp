@@ -185,12 +185,21 @@ struct Options {
   std::chrono::seconds duration = std::chrono::hours(24 * 365);
 };
 
+[[noreturn]] void refuseOptions() {
+  throw std::invalid_argument("usage: server_stand_in FOLDER [--once | --seconds N]");
+}
+
+std::chrono::seconds secondsOf(const std::string& word) {
+  const bool isNumber = !word.empty() && word.size() < 9 && word.find_first_not_of("0123456789") == word.npos;
+  if (!isNumber) refuseOptions();
+  return std::chrono::seconds(std::stoi(word));
+}
+
 Options optionsOf(const std::vector<std::string>& words) {
   if (words.size() == 1) return {words[0]};
   if (words.size() == 2 && words[1] == "--once") return {words[0], true};
-  if (words.size() == 3 && words[1] == "--seconds")
-    return {words[0], false, std::chrono::seconds(std::stoi(words[2]))};
-  throw std::invalid_argument("usage: server_stand_in FOLDER [--once | --seconds N]");
+  if (words.size() == 3 && words[1] == "--seconds") return {words[0], false, secondsOf(words[2])};
+  refuseOptions();
 }
 
 void serve(const Options& options) {
