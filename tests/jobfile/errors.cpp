@@ -169,10 +169,19 @@ int writeErrorWithHandlesUpTo(int next, const Text& name) {
   });
 }
 
+// The number from which on all handles are free, once those below have been taken.
+int takeHandlesBetweenOthers() {
+  int highest = 2;
+  for (int handle = 0; handle < 1024; ++handle) {
+    if (::fcntl(handle, F_GETFD) >= 0) highest = handle;
+  }
+  for (int taken = 0; taken <= highest;) taken = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+  return highest + 2;
+}
+
 TEST_F(JobFileErrors, NoHandleLeftIsError67) {
   put(kOld);
-  const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-  ::close(next);
+  const int next = takeHandlesBetweenOthers();
   EXPECT_EQ(writeErrorWithHandlesUpTo(next, published()), 67) << "no lock file";
   EXPECT_EQ(writeErrorWithHandlesUpTo(next + 1, published()), 67) << "nothing to read the file with";
   EXPECT_EQ(bytes(), kOld);
