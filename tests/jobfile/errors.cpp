@@ -179,7 +179,11 @@ int takeHandlesBetweenOthers() {
   return highest + 2;
 }
 
+// The optimised build runs it: to look at memory, the undefined-behaviour sanitizer needs a handle itself.
 TEST_F(JobFileErrors, NoHandleLeftIsError67) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizers need handles of their own";
+#endif
   put(kOld);
   const int next = takeHandlesBetweenOthers();
   EXPECT_EQ(writeErrorWithHandlesUpTo(next, published()), 67) << "no lock file";

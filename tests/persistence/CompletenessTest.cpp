@@ -10,11 +10,12 @@ namespace {
 
 using Names = std::set<std::string>;
 
-// What clients read and no table holds: the identity, the state of the object itself, collections.
+// What clients read and no table holds: the identity, the state of the object itself, collections, and what
+// shows the bytes of a control code, whose own member is in the tables.
 bool isNoStoredValue(const std::string& path) {
   const std::string name = path.substr(path.rfind('.') + 1);
   return path == "Proprieta.Id" || path == "Proprieta.Guid" || name == "Inizializzato" || name == "Count" ||
-         name == "NewEnum" || name == "Item" || name == "Numero";
+         name == "NewEnum" || name == "Item" || name == "Numero" || name.starts_with("StrAsc");
 }
 
 bool isComponent(const MemberInfo& member) {
