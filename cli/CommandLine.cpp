@@ -11,6 +11,7 @@ namespace orvane::cli {
 namespace {
 
 const char* const kJobFile = "Job file";
+const char* const kFolder = "Documents folder";
 const char* const kPages = "Load the pages of this folder";
 
 // Declares the commands; each keeps its options as long as the parser lives.
@@ -28,6 +29,8 @@ class Declaration {
     declareDuplicate();
     declareAttach();
     declareLink();
+    declareList();
+    declareExport();
   }
 
  private:
@@ -112,6 +115,29 @@ class Declaration {
     const auto [command, options] = this->command("link", "Link other jobs to a job", help::link, link);
     argument(*command, "JOBFILE", options->file, kJobFile)->required();
     argument(*command, "OTHER", options->others, "Job file to link ...")->required();
+  }
+
+  void declareList() {
+    const auto [command, options] = this->command("list", "List the jobs of a folder", help::list, list);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    argument(*command, "--kind", options->filter.kinds, "Only jobs of this kind")
+        ->type_name("KIND")
+        ->allow_extra_args(false);
+    argument(*command, "--state", options->filter.states, "Only jobs in this state")
+        ->type_name("STATE")
+        ->allow_extra_args(false);
+    command->add_flag("--errors", options->filter.errors, "Only jobs with errors");
+    argument(*command, "--sort", options->sort, "Order after the errors: kind, id, state, age, to")
+        ->type_name("ORDER");
+    command->add_flag("--unsorted", options->unsorted, "Print each job as it is read, in bounded memory");
+    command->add_flag("--json", options->json, "As JSON");
+  }
+
+  void declareExport() {
+    const auto [command, options] =
+        this->command("export", "Write the jobs of a folder as data", help::exportJobs, exportJobs);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    argument(*command, "--format", options->format, "csv (the default) or jsonl")->type_name("FORMAT");
   }
 
   CLI::App& app_;

@@ -5,12 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "cli/JobFilter.h"
+
 namespace orvane::cli {
 
 /// Where a command writes: results, and remarks that are no results.
 struct Console {
   std::ostream& out;
   std::ostream& err;
+  std::size_t terminalWidth = 0;  ///< columns of the terminal that `out` is; 0 where it is none
 };
 
 using Strings = std::vector<std::string>;
@@ -82,5 +85,22 @@ struct LinkOptions {
 /// Link all jobs, or none where one is of another kind (13), deleted (445), linked already (457), or leads
 /// back to the job (445).
 void link(const Console& console, const LinkOptions& options);
+
+struct ListOptions {
+  std::string folder, sort = "kind";
+  FilterOptions filter;
+  bool json = false, unsorted = false;
+};
+
+/// A line for each job of the folder, those with errors first; unsorted, each as it is read, in memory that
+/// does not grow with the folder. Failure 76 where the folder is missing.
+void list(const Console& console, const ListOptions& options);
+
+struct ExportOptions {
+  std::string folder, format = "csv";
+};
+
+/// A line of comma-separated values or of JSON for each job of the folder, as it is read.
+void exportJobs(const Console& console, const ExportOptions& options);
 
 }  // namespace orvane::cli

@@ -94,4 +94,26 @@ printer-faxes link faxes.
 Examples:
   orvane link jobs/123.vqs jobs/7.lvq jobs/8.lvq)";
 
+const char* const list =
+    R"(One line a job, those with errors first: kind (with + for a linked job, with the kind inside a pbl or
+anteprima behind /), id, state, age since insertion, outcome, printer or number or recipients, error.
+The line fits the terminal; elsewhere nothing is cut and nothing is coloured.
+
+A state is named by its code (vdcf_Respinto), its text (Respinto), or, on every channel, as waiting,
+working, done, rejected, withdrawn or unknown. Orders are kind, id, state, age and to.
+
+Examples:
+  orvane list jobs
+  orvane list jobs --errors
+  orvane list jobs --kind fax --kind pfax --state waiting --sort age
+  orvane list jobs --state "In attesa di stampa" --json
+  orvane list jobs --unsorted | head)";
+
+const char* const exportJobs =
+    R"(Jobs come in no order, each as it is read. JSON lines are the objects of orvane list --json, one a line.
+
+Examples:
+  orvane export jobs > jobs.csv
+  orvane export jobs --format jsonl)";
+
 }  // namespace orvane::cli::help

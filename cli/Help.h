@@ -13,5 +13,7 @@ extern const char* const codes;
 extern const char* const duplicate;
 extern const char* const attach;
 extern const char* const link;
+extern const char* const list;
+extern const char* const exportJobs;
 
 }  // namespace orvane::cli::help
