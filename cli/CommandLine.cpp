@@ -30,6 +30,7 @@ class Declaration {
     declareAttach();
     declareLink();
     declareList();
+    declareWatch();
     declareExport();
   }
 
@@ -117,20 +118,33 @@ class Declaration {
     argument(*command, "OTHER", options->others, "Job file to link ...")->required();
   }
 
+  static void declareFilter(CLI::App& command, FilterOptions& filter) {
+    argument(command, "--kind", filter.kinds, "Only jobs of this kind")
+        ->type_name("KIND")
+        ->allow_extra_args(false);
+    argument(command, "--state", filter.states, "Only jobs in this state")
+        ->type_name("STATE")
+        ->allow_extra_args(false);
+    command.add_flag("--errors", filter.errors, "Only jobs with errors");
+  }
+
   void declareList() {
     const auto [command, options] = this->command("list", "List the jobs of a folder", help::list, list);
     argument(*command, "FOLDER", options->folder, kFolder)->required();
-    argument(*command, "--kind", options->filter.kinds, "Only jobs of this kind")
-        ->type_name("KIND")
-        ->allow_extra_args(false);
-    argument(*command, "--state", options->filter.states, "Only jobs in this state")
-        ->type_name("STATE")
-        ->allow_extra_args(false);
-    command->add_flag("--errors", options->filter.errors, "Only jobs with errors");
+    declareFilter(*command, options->filter);
     argument(*command, "--sort", options->sort, "Order after the errors: kind, id, state, age, to")
         ->type_name("ORDER");
     command->add_flag("--unsorted", options->unsorted, "Print each job as it is read, in bounded memory");
     command->add_flag("--json", options->json, "As JSON");
+  }
+
+  void declareWatch() {
+    const auto [command, options] = this->command("watch", "Follow the jobs of a folder", help::watch, watch);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    declareFilter(*command, options->filter);
+    argument(*command, "--count", options->count, "End after so many changes")->type_name("N");
+    argument(*command, "--seconds", options->seconds, "End after that time")->type_name("N");
+    command->add_flag("--poll", options->poll, "Look twice a second: for folders on a share");
   }
 
   void declareExport() {

@@ -96,6 +96,17 @@ struct ListOptions {
 /// does not grow with the folder. Failure 76 where the folder is missing.
 void list(const Console& console, const ListOptions& options);
 
+struct WatchOptions {
+  std::string folder;
+  FilterOptions filter;
+  bool poll = false;
+  int count = 0, seconds = 0;  ///< 0 for no end
+};
+
+/// The jobs of the folder, then a line for each job that came (+), changed (*) or went (-), until `count`
+/// such lines or `seconds` are over. Failure 76 where the folder is missing.
+void watch(const Console& console, const WatchOptions& options);
+
 struct ExportOptions {
   std::string folder, format = "csv";
 };

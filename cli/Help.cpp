@@ -109,6 +109,16 @@ Examples:
   orvane list jobs --state "In attesa di stampa" --json
   orvane list jobs --unsorted | head)";
 
+const char* const watch =
+    R"(First the jobs as orvane list shows them, then a line for each change: + a new job, * a changed one, - one
+that is gone. Filters and colours are those of orvane list. Ctrl+C ends it.
+
+Examples:
+  orvane watch jobs
+  orvane watch jobs --kind fax --errors
+  orvane watch /mnt/share/jobs --poll
+  orvane watch jobs --count 1 --seconds 60)";
+
 const char* const exportJobs =
     R"(Jobs come in no order, each as it is read. JSON lines are the objects of orvane list --json, one a line.
 

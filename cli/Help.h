@@ -14,6 +14,7 @@ extern const char* const duplicate;
 extern const char* const attach;
 extern const char* const link;
 extern const char* const list;
+extern const char* const watch;
 extern const char* const exportJobs;
 
 }  // namespace orvane::cli::help
