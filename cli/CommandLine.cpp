@@ -32,17 +32,28 @@ class Declaration {
     declareList();
     declareWatch();
     declareExport();
+    declareDiff();
+    declareCheck();
   }
 
+  /// What the command has come to that the parser has run.
+  ExitCode result() const { return result_; }
+
  private:
-  template <class Options>
+  template <class Options, class Result>
   std::pair<CLI::App*, std::shared_ptr<Options>> command(const char* name, const char* description,
                                                          const char* examples,
-                                                         void (*action)(const Console&, const Options&)) {
+                                                         Result (*action)(const Console&, const Options&)) {
     CLI::App* command = app_.add_subcommand(name, description);
     command->footer(examples);
     auto options = std::make_shared<Options>();
-    command->callback([options, action, console = console_] { action(console, *options); });
+    command->callback([options, action, this] {
+      if constexpr (std::is_void_v<Result>) {
+        action(console_, *options);
+      } else {
+        result_ = action(console_, *options);
+      }
+    });
     return {command, options};
   }
 
@@ -83,6 +94,7 @@ class Declaration {
     argument(*command, "JOBFILE", options->file, kJobFile)->required();
     argument(*command, "--pages", options->pages, kPages)->type_name("FOLDER");
     command->add_flag("--all", options->all, "All members, those of a new document too");
+    command->add_flag("--json", options->json, "All members, as JSON");
   }
 
   void declareXml() {
@@ -154,8 +166,22 @@ class Declaration {
     argument(*command, "--format", options->format, "csv (the default) or jsonl")->type_name("FORMAT");
   }
 
+  void declareDiff() {
+    const auto [command, options] =
+        this->command("diff", "Compare two jobs, member by member", help::diff, diff);
+    argument(*command, "A", options->a, kJobFile)->required();
+    argument(*command, "B", options->b, "Job file to compare it with")->required();
+  }
+
+  void declareCheck() {
+    const auto [command, options] =
+        this->command("check", "Look for what is wrong with jobs", help::check, check);
+    argument(*command, "PATH", options->paths, "Job file or documents folder ...")->required();
+  }
+
   CLI::App& app_;
   const Console& console_;
+  ExitCode result_ = ExitCode::Ok;
 };
 
 void refuseUnknownCommand(const CLI::App& app, const std::string& name) {
@@ -186,10 +212,11 @@ void parse(CLI::App& app, const Strings& arguments) {
   app.parse(Strings(arguments.rbegin(), arguments.rend()));
 }
 
-ExitCode runParsed(CLI::App& app, const Strings& arguments, const Console& console) {
+ExitCode runParsed(CLI::App& app, const Declaration& declared, const Strings& arguments,
+                   const Console& console) {
   try {
     parse(app, arguments);
-    return ExitCode::Ok;
+    return declared.result();
   } catch (const CLI::ParseError& error) {
     return reportParsing(app, error, console);
   } catch (const Failure& failure) {
@@ -211,12 +238,13 @@ ExitCode run(const Strings& arguments, const Console& console) {
   app.set_version_flag("--version", "orvane " ORVANE_VERSION);
   app.footer(help::program);
   app.require_subcommand(1);
-  Declaration(app, console).declareAll();
+  Declaration declaration(app, console);
+  declaration.declareAll();
   if (arguments.empty()) {
     console.err << app.help();
     return ExitCode::Usage;
   }
-  const ExitCode code = runParsed(app, arguments, console);
+  const ExitCode code = runParsed(app, declaration, arguments, console);
   console.out.flush();
   return console.out ? code : complain(console, "the output could not be written", ExitCode::Output);
 }

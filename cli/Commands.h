@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Failure.h"
 #include "cli/JobFilter.h"
 
 namespace orvane::cli {
@@ -48,8 +49,10 @@ void getMembers(const Console& console, const GetOptions& options);
 
 struct ShowOptions {
   std::string file, pages;
-  bool all = false;
+  bool all = false, json = false;
 };
+
+/// For people, or all members as JSON.
 void show(const Console& console, const ShowOptions& options);
 
 struct XmlOptions {
@@ -113,5 +116,20 @@ struct ExportOptions {
 
 /// A line of comma-separated values or of JSON for each job of the folder, as it is read.
 void exportJobs(const Console& console, const ExportOptions& options);
+
+struct DiffOptions {
+  std::string a, b;
+};
+
+/// The members in which two jobs differ; `Found` where there are any.
+ExitCode diff(const Console& console, const DiffOptions& options);
+
+struct CheckOptions {
+  Strings paths;
+};
+
+/// A line for everything that is wrong with the jobs, each a file or all of a folder; `Found` where there is
+/// any.
+ExitCode check(const Console& console, const CheckOptions& options);
 
 }  // namespace orvane::cli

@@ -19,6 +19,7 @@ Exit codes:
   2  the command line is wrong: unknown command, kind or option, missing argument
   3  the output could not be written
   4  a fault of the program
+  5  diff: the jobs differ; check: something is wrong
 
 Examples:
   orvane new stampa 123 jobs Stampante=Laser Copie=2 Dimensione.Codice=vdd_A4
@@ -62,6 +63,7 @@ are not as in a new document are shown.
 Examples:
   orvane show jobs/123.vqs
   orvane show jobs/123.vqs --all
+  orvane show jobs/123.vqs --json
   orvane show jobs/123.vqs --pages jobs/123)";
 
 const char* const xml = R"(Examples:
@@ -125,5 +127,25 @@ const char* const exportJobs =
 Examples:
   orvane export jobs > jobs.csv
   orvane export jobs --format jsonl)";
+
+const char* const diff =
+    R"(Prints -Path=value for the first job and +Path=value for the second, for each member in which they
+differ. Identity and job file are not compared. The exit code is 0 where nothing differs, else 5.
+
+Examples:
+  orvane diff jobs/123.vqs jobs/200.vqs)";
+
+const char* const check =
+    R"(Prints a line for each finding:
+  a job that cannot be loaded, or a code without a text
+  a missing body file (Corpi\ID.bvq; not asked of linked jobs, publications and previews)
+  pages (ID\*.dpg) without picture or text, or fewer than were composed
+  attachments and linked jobs that are missing
+  temporaries that a killed writer has left (.orvane-*.tmp)
+The exit code is 0 where nothing is found, else 5.
+
+Examples:
+  orvane check jobs
+  orvane check jobs/123.vqs jobs/55.vqf)";
 
 }  // namespace orvane::cli::help

@@ -16,5 +16,7 @@ extern const char* const link;
 extern const char* const list;
 extern const char* const watch;
 extern const char* const exportJobs;
+extern const char* const diff;
+extern const char* const check;
 
 }  // namespace orvane::cli::help
