@@ -32,6 +32,7 @@ class Declaration {
     declareList();
     declareWatch();
     declareExport();
+    declareReport();
     declareDiff();
     declareCheck();
   }
@@ -164,6 +165,16 @@ class Declaration {
         this->command("export", "Write the jobs of a folder as data", help::exportJobs, exportJobs);
     argument(*command, "FOLDER", options->folder, kFolder)->required();
     argument(*command, "--format", options->format, "csv (the default) or jsonl")->type_name("FORMAT");
+  }
+
+  void declareReport() {
+    const auto [command, options] =
+        this->command("report", "Make a page of the jobs of a folder", help::report, report);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    argument(*command, "-o,--output", options->output, "The page, or - for standard output [report.html]")
+        ->type_name("FILE");
+    argument(*command, "--details", options->details, "So many jobs at most with their XML [1000]")
+        ->type_name("N");
   }
 
   void declareDiff() {

@@ -117,6 +117,15 @@ struct ExportOptions {
 /// A line of comma-separated values or of JSON for each job of the folder, as it is read.
 void exportJobs(const Console& console, const ExportOptions& options);
 
+struct ReportOptions {
+  std::string folder, output = "report.html";
+  int details = 1000;  ///< so many jobs at most come with their XML, those with errors first
+};
+
+/// Write a page to look at the jobs of the folder, to a file or, for "-", to `console.out`. Failure 76 where
+/// the folder is missing, 75 where the page cannot be written.
+void report(const Console& console, const ReportOptions& options);
+
 struct DiffOptions {
   std::string a, b;
 };

@@ -128,6 +128,14 @@ Examples:
   orvane export jobs > jobs.csv
   orvane export jobs --format jsonl)";
 
+const char* const report =
+    R"(One page that needs nothing but a browser: jobs by channel and state, throughput, waiting times, errors,
+and a table to search and sort, with timeline and XML of each job. Italian and English.
+
+Examples:
+  orvane report jobs -o jobs.html
+  orvane report jobs -o - --details 0 > jobs.html)";
+
 const char* const diff =
     R"(Prints -Path=value for the first job and +Path=value for the second, for each member in which they
 differ. Identity and job file are not compared. The exit code is 0 where nothing differs, else 5.

@@ -16,6 +16,7 @@ extern const char* const link;
 extern const char* const list;
 extern const char* const watch;
 extern const char* const exportJobs;
+extern const char* const report;
 extern const char* const diff;
 extern const char* const check;
 
