@@ -5,7 +5,7 @@ const texts = {
     found: "{n} di {all} lavori", more: "Mostra altri", close: "Chiudi", timeline: "Cronologia", none: "Nessuno",
     noxml: "L'XML di questo lavoro non è nella pagina (vedi --details).", kind: "Tipo", id: "Id", state: "Stato",
     created: "Inserito", outcome: "Esito", to: "Destinazione", user: "Utente", error: "Errore", count: "Lavori",
-    median: "Mediana", most: "Massima", description: "Descrizione", file: "File", total: "Totale", failed: "Con errori",
+    peak: "Al massimo {n} in {span}", median: "Mediana", most: "Massima", description: "Descrizione", file: "File", total: "Totale", failed: "Con errori",
     phases: { waiting: "in attesa", working: "in lavorazione", done: "terminati", rejected: "respinti",
       withdrawn: "ritirati", unknown: "sconosciuti" } },
   en: { title: "Jobs in the queue", about: "{n} jobs of {folder}, {date}", channels: "Channels and states", throughput: "Jobs ended over time",
@@ -13,7 +13,7 @@ const texts = {
     found: "{n} of {all} jobs", more: "Show more", close: "Close", timeline: "Timeline", none: "None",
     noxml: "The XML of this job is not in the page (see --details).", kind: "Kind", id: "Id", state: "State",
     created: "Inserted", outcome: "Outcome", to: "Destination", user: "User", error: "Error", count: "Jobs",
-    median: "Median", most: "Longest", description: "Description", file: "File", total: "Total", failed: "With errors",
+    peak: "At most {n} in {span}", median: "Median", most: "Longest", description: "Description", file: "File", total: "Total", failed: "With errors",
     phases: { waiting: "waiting", working: "working", done: "done", rejected: "rejected", withdrawn: "withdrawn",
       unknown: "unknown" } },
 };
@@ -103,7 +103,7 @@ function showThroughput() {
     bar.style.height = (100 * count) / top + "%";
     return bar;
   });
-  byId("throughput").replaceChildren(make("p", {}, `${say("most")} ${top} / ${duration(span / 48000)}`), make("div", { class: "columns" }, ...bars),
+  byId("throughput").replaceChildren(make("p", {}, say("peak", { n: top, span: duration(span / 48000) })), make("div", { class: "columns" }, ...bars),
     make("div", { class: "axis" }, make("span", {}, showDate(first)), make("span", {}, showDate(last))));
 }
 
@@ -160,7 +160,8 @@ function jobRow(job) {
   const row = make("tr", { class: "job", tabindex: "0" });
   for (const name of columns) {
     const look = name === "state" ? { class: "dot " + job.phase } : name === "error" ? { class: "failed" } : {};
-    row.append(make("td", { "data-title": say(name), ...(cells[name](job) ? look : {}) }, cells[name](job)));
+    const text = cells[name](job);
+    row.append(make("td", { "data-title": say(name) }, ...(text ? [make("span", look, text)] : [])));
   }
   row.addEventListener("click", () => showDetail(job));
   row.addEventListener("keydown", (event) => event.key === "Enter" && showDetail(job));
