@@ -15,11 +15,13 @@ namespace orvane::cli {
 
 namespace {
 
-// A job that can be listed but not loaded has no XML.
+// A job that can be listed but not loaded, or has a code that cannot be described, has no XML.
 std::string xmlOf(const Session& session, const FileName& file) {
   try {
     return prettyXml(toUtf8(toText(call(session.open(file.given).document, u"Xml"))));
   } catch (const Failure&) {
+    return {};
+  } catch (const Error&) {
     return {};
   }
 }

@@ -97,6 +97,12 @@ class Report(CommandLineTest):
         data = json.loads(Page(self.orvane("report", "jobs", "-o", "-", "--details", "1")).data)
         self.assertEqual([True, False, False], ["xml" in job for job in data["jobs"]])
 
+    def test_jobs_that_cannot_be_loaded_are_in_the_page(self):
+        self.touch("jobs/8.vqs", b"[CodaStampa]\r\nCodice=3000000000\r\n")
+        self.touch("jobs/9.vqs", b"[Dimensione]\r\nCodice=2147483647\r\n")
+        jobs = {job["id"]: job for job in json.loads(Page(self.orvane("report", "jobs", "-o", "-")).data)["jobs"]}
+        self.assertEqual(("Overflow (6)", ""), (jobs["8"]["failure"], jobs["9"]["xml"]))
+
     def test_what_is_refused(self):
         self.assert_refused(RUN_TIME_ERROR, "Path not found (76): nowhere", "report", "nowhere", "-o", "page.html")
         self.assert_refused(RUN_TIME_ERROR, "Path/File access error (75): no/page.html", "report", "jobs", "-o",
