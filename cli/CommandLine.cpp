@@ -11,6 +11,7 @@ namespace orvane::cli {
 namespace {
 
 const char* const kJobFile = "Job file";
+const char* const kFolder = "Documents folder";
 const char* const kPages = "Load the pages of this folder";
 
 // Declares the commands; each keeps its options as long as the parser lives.
@@ -28,17 +29,32 @@ class Declaration {
     declareDuplicate();
     declareAttach();
     declareLink();
+    declareList();
+    declareWatch();
+    declareExport();
+    declareReport();
+    declareDiff();
+    declareCheck();
   }
 
+  /// What the command has come to that the parser has run.
+  ExitCode result() const { return result_; }
+
  private:
-  template <class Options>
+  template <class Options, class Result>
   std::pair<CLI::App*, std::shared_ptr<Options>> command(const char* name, const char* description,
                                                          const char* examples,
-                                                         void (*action)(const Console&, const Options&)) {
+                                                         Result (*action)(const Console&, const Options&)) {
     CLI::App* command = app_.add_subcommand(name, description);
     command->footer(examples);
     auto options = std::make_shared<Options>();
-    command->callback([options, action, console = console_] { action(console, *options); });
+    command->callback([options, action, this] {
+      if constexpr (std::is_void_v<Result>) {
+        action(console_, *options);
+      } else {
+        result_ = action(console_, *options);
+      }
+    });
     return {command, options};
   }
 
@@ -79,6 +95,7 @@ class Declaration {
     argument(*command, "JOBFILE", options->file, kJobFile)->required();
     argument(*command, "--pages", options->pages, kPages)->type_name("FOLDER");
     command->add_flag("--all", options->all, "All members, those of a new document too");
+    command->add_flag("--json", options->json, "All members, as JSON");
   }
 
   void declareXml() {
@@ -114,8 +131,68 @@ class Declaration {
     argument(*command, "OTHER", options->others, "Job file to link ...")->required();
   }
 
+  static void declareFilter(CLI::App& command, FilterOptions& filter) {
+    argument(command, "--kind", filter.kinds, "Only jobs of this kind")
+        ->type_name("KIND")
+        ->allow_extra_args(false);
+    argument(command, "--state", filter.states, "Only jobs in this state")
+        ->type_name("STATE")
+        ->allow_extra_args(false);
+    command.add_flag("--errors", filter.errors, "Only jobs with errors");
+  }
+
+  void declareList() {
+    const auto [command, options] = this->command("list", "List the jobs of a folder", help::list, list);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    declareFilter(*command, options->filter);
+    argument(*command, "--sort", options->sort, "Order after the errors: kind, id, state, age, to")
+        ->type_name("ORDER");
+    command->add_flag("--unsorted", options->unsorted, "Print each job as it is read, in bounded memory");
+    command->add_flag("--json", options->json, "As JSON");
+  }
+
+  void declareWatch() {
+    const auto [command, options] = this->command("watch", "Follow the jobs of a folder", help::watch, watch);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    declareFilter(*command, options->filter);
+    argument(*command, "--count", options->count, "End after so many changes")->type_name("N");
+    argument(*command, "--seconds", options->seconds, "End after that time")->type_name("N");
+    command->add_flag("--poll", options->poll, "Look twice a second: for folders on a share");
+  }
+
+  void declareExport() {
+    const auto [command, options] =
+        this->command("export", "Write the jobs of a folder as data", help::exportJobs, exportJobs);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    argument(*command, "--format", options->format, "csv (the default) or jsonl")->type_name("FORMAT");
+  }
+
+  void declareReport() {
+    const auto [command, options] =
+        this->command("report", "Make a page of the jobs of a folder", help::report, report);
+    argument(*command, "FOLDER", options->folder, kFolder)->required();
+    argument(*command, "-o,--output", options->output, "The page, or - for standard output [report.html]")
+        ->type_name("FILE");
+    argument(*command, "--details", options->details, "So many jobs at most with their XML [1000]")
+        ->type_name("N");
+  }
+
+  void declareDiff() {
+    const auto [command, options] =
+        this->command("diff", "Compare two jobs, member by member", help::diff, diff);
+    argument(*command, "A", options->a, kJobFile)->required();
+    argument(*command, "B", options->b, "Job file to compare it with")->required();
+  }
+
+  void declareCheck() {
+    const auto [command, options] =
+        this->command("check", "Look for what is wrong with jobs", help::check, check);
+    argument(*command, "PATH", options->paths, "Job file or documents folder ...")->required();
+  }
+
   CLI::App& app_;
   const Console& console_;
+  ExitCode result_ = ExitCode::Ok;
 };
 
 void refuseUnknownCommand(const CLI::App& app, const std::string& name) {
@@ -146,10 +223,11 @@ void parse(CLI::App& app, const Strings& arguments) {
   app.parse(Strings(arguments.rbegin(), arguments.rend()));
 }
 
-ExitCode runParsed(CLI::App& app, const Strings& arguments, const Console& console) {
+ExitCode runParsed(CLI::App& app, const Declaration& declared, const Strings& arguments,
+                   const Console& console) {
   try {
     parse(app, arguments);
-    return ExitCode::Ok;
+    return declared.result();
   } catch (const CLI::ParseError& error) {
     return reportParsing(app, error, console);
   } catch (const Failure& failure) {
@@ -171,12 +249,13 @@ ExitCode run(const Strings& arguments, const Console& console) {
   app.set_version_flag("--version", "orvane " ORVANE_VERSION);
   app.footer(help::program);
   app.require_subcommand(1);
-  Declaration(app, console).declareAll();
+  Declaration declaration(app, console);
+  declaration.declareAll();
   if (arguments.empty()) {
     console.err << app.help();
     return ExitCode::Usage;
   }
-  const ExitCode code = runParsed(app, arguments, console);
+  const ExitCode code = runParsed(app, declaration, arguments, console);
   console.out.flush();
   return console.out ? code : complain(console, "the output could not be written", ExitCode::Output);
 }

@@ -170,7 +170,12 @@ void getMembers(const Console& console, const GetOptions& options) {
 
 void show(const Console& console, const ShowOptions& options) {
   const Session session;
-  showJob(session, openWithPages(session, options.file, options.pages), options.all, console.out);
+  const Job job = openWithPages(session, options.file, options.pages);
+  if (options.json) {
+    showJobJson(job, console.out);
+  } else {
+    showJob(session, job, options.all, console.out);
+  }
 }
 
 void printXml(const Console& console, const XmlOptions& options) {

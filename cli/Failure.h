@@ -15,6 +15,7 @@ enum class ExitCode : int {
   Usage = 2,         ///< an unknown command or option, or an argument that is missing or misspelt
   Output = 3,        ///< the output could not be written
   Internal = 4,      ///< a fault of the program
+  Found = 5,         ///< done: jobs differ, or a check has found something
 };
 
 /// An error with a run-time number: "Path not found (76): C:\Lavori".

@@ -19,6 +19,7 @@ Exit codes:
   2  the command line is wrong: unknown command, kind or option, missing argument
   3  the output could not be written
   4  a fault of the program
+  5  diff: the jobs differ; check: something is wrong
 
 Examples:
   orvane new stampa 123 jobs Stampante=Laser Copie=2 Dimensione.Codice=vdd_A4
@@ -62,6 +63,7 @@ are not as in a new document are shown.
 Examples:
   orvane show jobs/123.vqs
   orvane show jobs/123.vqs --all
+  orvane show jobs/123.vqs --json
   orvane show jobs/123.vqs --pages jobs/123)";
 
 const char* const xml = R"(Examples:
@@ -93,5 +95,65 @@ printer-faxes link faxes.
 
 Examples:
   orvane link jobs/123.vqs jobs/7.lvq jobs/8.lvq)";
+
+const char* const list =
+    R"(One line a job, those with errors first: kind (with + for a linked job, with the kind inside a pbl or
+anteprima behind /), id, state, age since insertion, outcome, printer or number or recipients, error.
+The line fits the terminal; elsewhere nothing is cut and nothing is coloured.
+
+A state is named by its code (vdcf_Respinto), its text (Respinto), or, on every channel, as waiting,
+working, done, rejected, withdrawn or unknown. Orders are kind, id, state, age and to.
+
+Examples:
+  orvane list jobs
+  orvane list jobs --errors
+  orvane list jobs --kind fax --kind pfax --state waiting --sort age
+  orvane list jobs --state "In attesa di stampa" --json
+  orvane list jobs --unsorted | head)";
+
+const char* const watch =
+    R"(First the jobs as orvane list shows them, then a line for each change: + a new job, * a changed one, - one
+that is gone. Filters and colours are those of orvane list. Ctrl+C ends it.
+
+Examples:
+  orvane watch jobs
+  orvane watch jobs --kind fax --errors
+  orvane watch /mnt/share/jobs --poll
+  orvane watch jobs --count 1 --seconds 60)";
+
+const char* const exportJobs =
+    R"(Jobs come in no order, each as it is read. JSON lines are the objects of orvane list --json, one a line.
+
+Examples:
+  orvane export jobs > jobs.csv
+  orvane export jobs --format jsonl)";
+
+const char* const report =
+    R"(One page that needs nothing but a browser: jobs by channel and state, throughput, waiting times, errors,
+and a table to search and sort, with timeline and XML of each job. Italian and English.
+
+Examples:
+  orvane report jobs -o jobs.html
+  orvane report jobs -o - --details 0 > jobs.html)";
+
+const char* const diff =
+    R"(Prints -Path=value for the first job and +Path=value for the second, for each member in which they
+differ. Identity and job file are not compared. The exit code is 0 where nothing differs, else 5.
+
+Examples:
+  orvane diff jobs/123.vqs jobs/200.vqs)";
+
+const char* const check =
+    R"(Prints a line for each finding:
+  a job that cannot be loaded, or a code without a text
+  a missing body file (Corpi\ID.bvq; not asked of linked jobs, publications and previews)
+  pages (ID\*.dpg) without picture or text, or fewer than were composed
+  attachments and linked jobs that are missing
+  temporaries that a killed writer has left (.orvane-*.tmp)
+The exit code is 0 where nothing is found, else 5.
+
+Examples:
+  orvane check jobs
+  orvane check jobs/123.vqs jobs/55.vqf)";
 
 }  // namespace orvane::cli::help

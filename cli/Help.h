@@ -13,5 +13,11 @@ extern const char* const codes;
 extern const char* const duplicate;
 extern const char* const attach;
 extern const char* const link;
+extern const char* const list;
+extern const char* const watch;
+extern const char* const exportJobs;
+extern const char* const report;
+extern const char* const diff;
+extern const char* const check;
 
 }  // namespace orvane::cli::help

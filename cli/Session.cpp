@@ -80,6 +80,10 @@ void Session::loadPages(const Job& job, const std::string& folder) const {
   });
 }
 
+const JobKind* innerKindOf(const Job& job) {
+  return job.kind->wraps() ? &jobKindOfClass(objectOf(job.document, u"Documento").type->name) : nullptr;
+}
+
 bool fileExists(const FileName& file) { return Apartment::fileSystem().fileExists(file.full()); }
 bool folderExists(TextView folder) { return Apartment::fileSystem().folderExists(folder); }
 

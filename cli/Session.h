@@ -53,6 +53,9 @@ class Session {
   ObjectRef factory_;
 };
 
+/// The kind of the document inside a publication or preview; null for other jobs.
+const JobKind* innerKindOf(const Job& job);
+
 bool fileExists(const FileName& file);
 bool folderExists(TextView folder);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "cli/Json.h"
 #include "cli/ValueText.h"
 #include "core/Paths.h"
 
@@ -16,10 +17,6 @@ constexpr std::size_t kWidestLabel = 7;
 void line(std::ostream& out, const std::string& label, std::size_t width, const std::string& value) {
   const std::string gap(label.size() < width ? width - label.size() : 0, ' ');
   out << label << gap << "  " << printable(value.empty() ? "-" : value) << '\n';
-}
-
-const JobKind* innerKindOf(const Job& job) {
-  return job.kind->wraps() ? &jobKindOfClass(objectOf(job.document, u"Documento").type->name) : nullptr;
 }
 
 // A new document with as many new pages as the job has.
@@ -72,7 +69,27 @@ void showHeader(const Job& job, std::ostream& out) {
   }
 }
 
+std::string memberJson(const MemberLine& member, const MemberLine& raw) {
+  JsonObject json;
+  json.addText("path", member.path).addText("text", member.value);
+  if (raw.value != member.value) json.addText("raw", raw.value);
+  return json.text();
+}
+
 }  // namespace
+
+void showJobJson(const Job& job, std::ostream& out) {
+  const std::vector<MemberLine> lines = listMembers(job.document);
+  const std::vector<MemberLine> raw = listMembers(job.document, Form::Raw);
+  JsonObject json;
+  json.addText("kind", job.kind->name).addText("id", textOf(objectOf(job.document, u"Proprieta"), u"Id"));
+  json.addText("file", nativePath(job.file.full()));
+  std::string members;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    members += (i == 0 ? "\n" : ",\n") + memberJson(lines[i], raw[i]);
+  }
+  out << json.add("members", '[' + members + "\n]").text() << '\n';
+}
 
 void showMembers(const std::vector<MemberLine>& lines, std::ostream& out) {
   std::size_t width = 0;

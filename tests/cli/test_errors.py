@@ -77,7 +77,7 @@ RUN_TIME_ERRORS = [
 ]
 
 USAGE_ERRORS = [
-    (["lst"], "there is no command lst"),
+    (["xyz"], "there is no command xyz"),
     (["shwo", "x"], "there is no command shwo; did you mean show?"),
     (["dupl"], "there is no command dupl; did you mean duplicate?"),
     (["new", "fxa", "3", "jobs"],

@@ -8,7 +8,8 @@ import xml.etree.ElementTree
 
 from command_line import CommandLineTest
 
-COMMANDS = ["new", "set", "get", "show", "xml", "codes", "duplicate", "attach", "link"]
+COMMANDS = ["new", "set", "get", "show", "xml", "codes", "duplicate", "attach", "link", "list",
+            "watch", "export", "diff", "check", "report"]
 
 
 class Get(CommandLineTest):
