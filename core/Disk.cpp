@@ -15,10 +15,10 @@ using std::chrono::nanoseconds;
 constexpr nanoseconds kTick = std::chrono::milliseconds(50);
 constexpr nanoseconds kCoarseTick = std::chrono::seconds(2);
 
-std::string temporaryName(std::uint32_t offset) {
+std::string temporaryName(std::uint32_t number) {
   constexpr char kDigits[] = "0123456789abcdef";
   std::string name = ".orvane-00000000.tmp";
-  for (std::size_t digit = 0; digit < 8; ++digit) name[15 - digit] = kDigits[(offset >> (4 * digit)) & 0xF];
+  for (std::size_t digit = 0; digit < 8; ++digit) name[15 - digit] = kDigits[(number >> (4 * digit)) & 0xF];
   return name;
 }
 
@@ -33,7 +33,7 @@ bool isSettled(const Stamp& stamp, std::int64_t time) {
   return nanoseconds(time - stamp.modified) > (wholeSeconds ? kCoarseTick : kTick);
 }
 
-std::uint32_t lockOffsetOf(TextView fileName) {
+std::uint32_t lockNumberOf(TextView fileName) {
   Text folded(fileName);
   std::transform(folded.begin(), folded.end(), folded.begin(), foldCase);
   std::uint32_t hash = 0x811C9DC5;
@@ -45,8 +45,8 @@ DiskFile::DiskFile(TextView fullName) : path_(targetOf(nativePath(fullName))) {
   folder_ = path_.substr(0, folderLength(path_));
   const std::string name = path_.substr(folder_.size());
   if (name.empty()) throw Error(ErrorNumber::BadFileName);
-  lockOffset_ = lockOffsetOf(fromUtf8(name));
-  temporary_ = folder_ + temporaryName(lockOffset_);
+  lockNumber_ = lockNumberOf(fromUtf8(name));
+  temporary_ = folder_ + temporaryName(lockNumber_);
 }
 
 FolderLock* DiskFile::folderLock() {

@@ -51,7 +51,7 @@ class DiskFile {
   Stamp read(std::string& bytes) const;
 
   /// Keeps other writers of the same file away. Raises 70 after ten seconds, 76 where the folder is missing.
-  ByteLock lock() { return ByteLock(*folderLock(), lockOffset_); }
+  JobLock lock() { return JobLock(*folderLock(), lockNumber_); }
 
   struct Replaced {
     Stamp stamp;
@@ -80,7 +80,7 @@ class DiskFile {
 
   std::string path_;    // native
   std::string folder_;  // with its separator, or empty
-  std::uint32_t lockOffset_;
+  std::uint32_t lockNumber_;
   std::string temporary_;
   std::shared_ptr<FolderLock> folderLock_;
   Stamp plain_;  // owner, group and permissions that a new file of this process is known to get
@@ -88,6 +88,6 @@ class DiskFile {
 
 /// The byte of the folder's lock file that stands for a file name: FNV-1a, 32 bits, over the UTF-8 of the
 /// name in lower case.
-std::uint32_t lockOffsetOf(TextView fileName);
+std::uint32_t lockNumberOf(TextView fileName);
 
 }  // namespace orvane

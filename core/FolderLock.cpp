@@ -1,6 +1,7 @@
 #include "core/FolderLock.h"
 
 #include <unordered_map>
+#include <utility>
 
 #include "core/Error.h"
 #include "core/Patience.h"
@@ -26,32 +27,52 @@ std::shared_ptr<FolderLock> FolderLock::of(const std::string& folder) {
   return lock;
 }
 
-bool FolderLock::tryLock(std::uint32_t offset) {
-  std::unique_lock mine(used_, std::try_to_lock);
-  if (!mine.owns_lock() || !file_.tryLock(offset)) return false;
-  mine.release();
-  return true;
-}
-
-void FolderLock::lock(std::uint32_t offset) {
+void FolderLock::lock(std::uint32_t number) {
   Patience patience(kLongestWait);
-  while (!tryLock(offset)) {
+  const auto wait = [&] {
     if (!patience.wait()) throw Error(ErrorNumber::PermissionDenied);
+  };
+  std::unique_lock mine(used_, std::try_to_lock);
+  while (!mine.owns_lock() && !mine.try_lock()) wait();
+  bool queued = false;
+  bool hurried = false;
+  try {
+    while (!file_.tryLock(number, queued)) {
+      // Next to write: the present writer is soon done.
+      if (queued && !std::exchange(hurried, true)) patience.quicken();
+      wait();
+    }
+  } catch (...) {
+    if (queued) file_.leaveGate(number);
+    throw;
   }
+  mine.release();
 }
 
-void FolderLock::unlock(std::uint32_t offset) noexcept {
-  file_.unlock(offset);
+void FolderLock::unlock(std::uint32_t number) noexcept {
+  file_.unlock(number);
   used_.unlock();
 }
 
-bool LockFile::tryLock(std::uint32_t offset) {
+bool LockFile::tryLock(std::uint32_t number, bool& queued) {
   open();
-  if (!takeByte(offset)) return false;
+  if (queued || !takeBoth(number)) {
+    queued = queued || take(number, Byte::Gate);
+    if (!queued || !take(number, Byte::Writer)) return false;
+  }
+  queued = false;
   // Whoever deleted or moved the lock file meanwhile left us a lock that nobody else sees.
-  if (isPresent()) return true;
+  if (give(number, Byte::Gate) && isPresent()) return true;
   close();
   return false;
+}
+
+void LockFile::unlock(std::uint32_t number) noexcept {
+  if (!give(number, Byte::Writer)) close();
+}
+
+void LockFile::leaveGate(std::uint32_t number) noexcept {
+  if (!give(number, Byte::Gate)) close();
 }
 
 }  // namespace orvane

@@ -23,13 +23,20 @@ unsigned countForks() {
   return forks.load(std::memory_order_relaxed);
 }
 
-struct flock oneByte(short type, std::uint32_t offset) {
+// 0, or -1 and the cause in errno.
+int setLock(std::intptr_t handle, short type, std::uint64_t offset, off_t length) {
   struct flock range {};
   range.l_type = type;
   range.l_whence = SEEK_SET;
   range.l_start = static_cast<off_t>(offset);
-  range.l_len = 1;
-  return range;
+  range.l_len = length;
+  return retryInterrupted([&] { return ::fcntl(static_cast<int>(handle), F_OFD_SETLK, &range); });
+}
+
+bool takeRange(std::intptr_t handle, std::uint64_t offset, off_t length) {
+  if (setLock(handle, F_WRLCK, offset, length) == 0) return true;
+  if (errno == EAGAIN || errno == EACCES) return false;
+  raiseLastSystemError();
 }
 
 int openLockFile(const std::string& path, int flags) {
@@ -75,22 +82,17 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-bool LockFile::takeByte(std::uint32_t offset) {
-  struct flock range = oneByte(F_WRLCK, offset);
-  if (retryInterrupted([&] { return ::fcntl(static_cast<int>(handle_), F_OFD_SETLK, &range); }) == 0)
-    return true;
-  if (errno == EAGAIN || errno == EACCES) return false;
-  raiseLastSystemError();
+bool LockFile::takeBoth(std::uint32_t number) { return takeRange(handle_, offsetOf(number, Byte::Gate), 2); }
+
+bool LockFile::take(std::uint32_t number, Byte byte) { return takeRange(handle_, offsetOf(number, byte), 1); }
+
+bool LockFile::give(std::uint32_t number, Byte byte) noexcept {
+  return setLock(handle_, F_UNLCK, offsetOf(number, byte), 1) == 0;
 }
 
 bool LockFile::isPresent() const {
   struct stat state {};
   return ::stat(path_.c_str(), &state) == 0 && state.st_dev == device_ && state.st_ino == inode_;
-}
-
-void LockFile::unlock(std::uint32_t offset) noexcept {
-  struct flock range = oneByte(F_UNLCK, offset);
-  if (retryInterrupted([&] { return ::fcntl(static_cast<int>(handle_), F_OFD_SETLK, &range); }) != 0) close();
 }
 
 }  // namespace orvane

@@ -10,9 +10,10 @@ namespace {
 
 HANDLE asHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
 
-OVERLAPPED at(std::uint32_t offset) {
+OVERLAPPED at(std::uint64_t offset) {
   OVERLAPPED place{};
-  place.Offset = offset;
+  place.Offset = static_cast<DWORD>(offset);
+  place.OffsetHigh = static_cast<DWORD>(offset >> 32);
   return place;
 }
 
@@ -34,8 +35,11 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-bool LockFile::takeByte(std::uint32_t offset) {
-  OVERLAPPED place = at(offset);
+// A range can be given back only as it was taken, so the bytes are taken one by one.
+bool LockFile::takeBoth(std::uint32_t) { return false; }
+
+bool LockFile::take(std::uint32_t number, Byte byte) {
+  OVERLAPPED place = at(offsetOf(number, byte));
   if (LockFileEx(asHandle(handle_), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
     return true;
   const DWORD code = GetLastError();
@@ -43,15 +47,15 @@ bool LockFile::takeByte(std::uint32_t offset) {
   raiseSystemError(code);
 }
 
+bool LockFile::give(std::uint32_t number, Byte byte) noexcept {
+  OVERLAPPED place = at(offsetOf(number, byte));
+  return UnlockFileEx(asHandle(handle_), 0, 1, 0, &place) != 0;
+}
+
 bool LockFile::isPresent() const {
   FILE_STANDARD_INFO state{};
   if (!GetFileInformationByHandleEx(asHandle(handle_), FileStandardInfo, &state, sizeof state)) return false;
   return state.NumberOfLinks > 0 && !state.DeletePending;
-}
-
-void LockFile::unlock(std::uint32_t offset) noexcept {
-  OVERLAPPED place = at(offset);
-  if (!UnlockFileEx(asHandle(handle_), 0, 1, 0, &place)) close();
 }
 
 }  // namespace orvane

@@ -106,7 +106,7 @@ void JobFile::landUnlessDone() {
 }
 
 void JobFile::land() {
-  const ByteLock lock = disk().lock();
+  const JobLock lock = disk().lock();
   if (!trusted_ || disk().stamp() != stamp_) load();
   apply();
   if (edited_ || !stamp_.exists || !image_.isCanonical()) exchangeFile();

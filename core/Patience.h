@@ -21,14 +21,18 @@ class Patience {
     return true;
   }
 
+  /// Waits in short steps again; the limit stays.
+  void quicken() { step_ = kShortestStep; }
+
  private:
   using Clock = std::chrono::steady_clock;
   static constexpr int kYields = 8;
+  static constexpr std::chrono::microseconds kShortestStep{20};
   static constexpr std::chrono::microseconds kLongestStep{1000};
 
   std::chrono::milliseconds limit_;
   Clock::time_point end_{};
-  std::chrono::microseconds step_{20};
+  std::chrono::microseconds step_ = kShortestStep;
   int pauses_ = 0;
 };
 

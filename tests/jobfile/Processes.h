@@ -4,12 +4,20 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <exception>
 #include <vector>
 
 namespace orvane::test {
+
+/// True in a build with sanitizers, where a fork costs many times as much.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool kSanitized = true;
+#else
+inline constexpr bool kSanitized = false;
+#endif
 
 /// Runs `work` in a child; its exit code is 0 where `work` gives true. The child runs no other test code.
 template <class Work>

@@ -206,7 +206,7 @@ TEST_F(JobFileErrors, LinksInACircleAreError75) {
 TEST_F(JobFileErrors, ALeftTemporaryIsRemovedByTheNextWriter) {
   DiskFile disk(published());
   char name[32];
-  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", lockOffsetOf(u"job.vqs"));
+  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", lockNumberOf(u"job.vqs"));
   put("left by a killed writer, and longer than what comes next will ever be", name);
   JobFile(published()).write(u"A", u"k", u"1");
   EXPECT_EQ(names(), std::set<std::string>{"job.vqs"});
@@ -215,7 +215,7 @@ TEST_F(JobFileErrors, ALeftTemporaryIsRemovedByTheNextWriter) {
 
 TEST_F(JobFileErrors, ALinkInPlaceOfTheTemporaryIsNotFollowed) {
   char name[32];
-  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", lockOffsetOf(u"job.vqs"));
+  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", lockNumberOf(u"job.vqs"));
   put("precious", "victim");
   std::filesystem::create_symlink("victim", path(name));
   JobFile(published()).write(u"A", u"k", u"1");

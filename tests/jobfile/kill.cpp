@@ -59,7 +59,7 @@ class JobFileKill : public JobFolder {
 };
 
 TEST_F(JobFileKill, AcknowledgedWritesAreThereAndTheFileIsWhole) {
-  constexpr int kTrials = 2'000;
+  constexpr int kTrials = kSanitized ? 300 : 2'000;
   put300Keys();
   std::mt19937 random(3);
   int last = 0;
@@ -81,7 +81,7 @@ TEST_F(JobFileKill, TheNextWriteLeavesNoTemporary) {
   put300Keys();
   std::mt19937 random(4);
   int left = 0;
-  for (int trial = 0; trial < 300; ++trial) {
+  for (int trial = 0; trial < (kSanitized ? 100 : 300); ++trial) {
     writeAndKill(0, std::chrono::microseconds(std::uniform_int_distribution(400, 2'500)(random)));
     left += names().size() > 1;
     JobFile(published()).write(u"A", u"trial", number(trial));

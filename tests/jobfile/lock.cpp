@@ -17,9 +17,12 @@ using namespace std::chrono_literals;
 // A writer in another language: knows the protocol, not the library.
 class Outsider {
  public:
-  Outsider(const std::string& folder, off_t offset)
+  static constexpr off_t kGate = 0;
+  static constexpr off_t kWriter = 1;
+
+  Outsider(const std::string& folder, std::uint32_t number, off_t byte = kWriter)
       : file_(::open((folder + "/.orvane.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)),
-        offset_(offset) {}
+        offset_(off_t{number} * 2 + byte) {}
   Outsider(const Outsider&) = delete;
   Outsider& operator=(const Outsider&) = delete;
   ~Outsider() { ::close(file_); }
@@ -41,16 +44,16 @@ class Outsider {
 
 using JobFileLock = JobFolder;
 
-TEST(JobFileLockOffset, IsThatOfTheDocumentedExample) {
-  EXPECT_EQ(lockOffsetOf(u""), 0x811C9DC5u);
-  EXPECT_EQ(lockOffsetOf(u"123.vqf"), lockOffsetOf(u"123.VQF"));
-  EXPECT_EQ(lockOffsetOf(u"\u00C8.vqs"), lockOffsetOf(u"\u00E8.vqs"));
-  EXPECT_EQ(lockOffsetOf(u"123.vqf"), 0x054B85E8u);
+TEST(JobFileLockNumber, IsThatOfTheDocumentedExample) {
+  EXPECT_EQ(lockNumberOf(u""), 0x811C9DC5u);
+  EXPECT_EQ(lockNumberOf(u"123.vqf"), lockNumberOf(u"123.VQF"));
+  EXPECT_EQ(lockNumberOf(u"\u00C8.vqs"), lockNumberOf(u"\u00E8.vqs"));
+  EXPECT_EQ(lockNumberOf(u"123.vqf"), 0x054B85E8u);
 }
 
 TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   JobFile file(published());
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
   ASSERT_TRUE(other.lock());
   std::atomic<bool> released = false;
   std::thread holder([&] {
@@ -63,9 +66,50 @@ TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   holder.join();
 }
 
+TEST_F(JobFileLock, AWriteWaitsForWhoeverCameFirstToTheGate) {
+  JobFile file(published());
+  file.write(u"A", u"k", u"1");
+  const Outsider other(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+  ASSERT_TRUE(other.lock());
+  std::atomic<bool> released = false;
+  std::thread holder([&] {
+    std::this_thread::sleep_for(100ms);
+    released = true;
+    other.unlock();
+  });
+  file.write(u"A", u"k", u"2");
+  EXPECT_TRUE(released);
+  holder.join();
+}
+
+TEST_F(JobFileLock, LeavesTheGateWhenItGivesUp) {
+  const Outsider writer(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider gate(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+  ASSERT_TRUE(writer.lock());
+  LockFile file(folder_ + "/");
+  bool queued = false;
+  EXPECT_FALSE(file.tryLock(lockNumberOf(u"job.vqs"), queued));
+  EXPECT_TRUE(queued);
+  EXPECT_FALSE(gate.lock());
+  file.leaveGate(lockNumberOf(u"job.vqs"));
+  EXPECT_TRUE(gate.lock());
+}
+
+TEST_F(JobFileLock, IsOneByteOnceHad) {
+  const Outsider writer(folder_, lockNumberOf(u"job.vqs"));
+  const Outsider gate(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+  LockFile file(folder_ + "/");
+  bool queued = false;
+  ASSERT_TRUE(file.tryLock(lockNumberOf(u"job.vqs"), queued));
+  EXPECT_FALSE(writer.lock());
+  EXPECT_TRUE(gate.lock());
+  file.unlock(lockNumberOf(u"job.vqs"));
+  EXPECT_TRUE(writer.lock());
+}
+
 TEST_F(JobFileLock, AWriteThatNeverGetsTheLockIsError70AfterTenSeconds) {
   put(onDisk(u"[A]\r\nk=1\r\n"));
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
   ASSERT_TRUE(other.lock());
   JobFile file(published());
   const auto begin = std::chrono::steady_clock::now();
@@ -73,19 +117,21 @@ TEST_F(JobFileLock, AWriteThatNeverGetsTheLockIsError70AfterTenSeconds) {
   const auto waited = std::chrono::steady_clock::now() - begin;
   EXPECT_GE(waited, 10s);
   EXPECT_LT(waited, 13s);
+  const Outsider gate(folder_, lockNumberOf(u"job.vqs"), Outsider::kGate);
+  EXPECT_TRUE(gate.lock()) << "the place at the gate is kept";
   EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\n"));
 }
 
 TEST_F(JobFileLock, ReadersDoNotWait) {
   put(onDisk(u"[A]\r\nk=1\r\n"));
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
   ASSERT_TRUE(other.lock());
   JobFile file(published());
   EXPECT_EQ(readText(file, u"A", u"k"), u"1");
 }
 
 TEST_F(JobFileLock, FilesOfOneFolderDoNotWaitForEachOther) {
-  const Outsider other(folder_, lockOffsetOf(u"other.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"other.vqs"));
   ASSERT_TRUE(other.lock());
   JobFile(published()).write(u"A", u"k", u"1");
   EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\n"));
@@ -94,7 +140,7 @@ TEST_F(JobFileLock, FilesOfOneFolderDoNotWaitForEachOther) {
 TEST_F(JobFileLock, IsFreeBetweenWritesAndWhileAScopeWorks) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
   file.together([&] {
     file.write(u"A", u"k", u"2");
     EXPECT_TRUE(other.lock());
@@ -106,7 +152,7 @@ TEST_F(JobFileLock, ADeletedLockFileIsMadeAnew) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
   std::filesystem::remove(path(".orvane.lock"));
-  const Outsider other(folder_, lockOffsetOf(u"job.vqs"));
+  const Outsider other(folder_, lockNumberOf(u"job.vqs"));
   ASSERT_TRUE(other.lock());
   std::thread holder([&] {
     std::this_thread::sleep_for(100ms);

@@ -1,6 +1,9 @@
 // Many writers of one file lose no update, and readers never see it torn.
 #include <fcntl.h>
 
+#include <chrono>
+#include <thread>
+
 #include "tests/jobfile/JobFolder.h"
 #include "tests/jobfile/Processes.h"
 
@@ -90,6 +93,28 @@ TEST_F(JobFileServer, AndClientKeepEachOthersKeys) {
     EXPECT_EQ(readText(file, section, u"Codice"), u"500");
     EXPECT_EQ(readText(file, section, u"Ripetuto"), u"500");
   }
+}
+
+// A writer that never rests and holds the lock nearly all the time must let the others have their turns.
+TEST_F(JobFileServer, ThatNeverRestsLetsOthersWrite) {
+  JobFile file(published());
+  file.write(u"Server", u"Lungo", Text(4'000'000, u'x'));
+  int stop[2];
+  ASSERT_EQ(::pipe2(stop, O_NONBLOCK | O_CLOEXEC), 0);
+  const pid_t server = inChild([&] {
+    ::close(stop[1]);
+    JobFile busy(published());
+    int i = 0;
+    for (char end; ::read(stop[0], &end, 1) < 0;) busy.write(u"Server", u"Codice", number(++i));
+    return true;
+  });
+  for (int i = 0; i < 20; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    ASSERT_EQ(errorOf([&] { file.write(u"Client", u"Codice", number(i)); }), 0) << i;
+  }
+  ::close(stop[1]);
+  EXPECT_EQ(statusOf(server), 0);
+  ::close(stop[0]);
 }
 
 }  // namespace
