@@ -40,6 +40,9 @@ class JobFile {
   /// is missing. The view is valid until the next call.
   std::optional<TextView> read(TextView section, TextView key);
 
+  /// Characters of the text that the last `read` looked at; less than 2^31.
+  std::size_t length() const { return image_.bytes().size() / sizeof(char16_t); }
+
   /// Visible to every process when this returns. Raises 5 for names that cannot stand in the file (see
   /// `canBeSection`, `canBeKey`).
   void write(TextView section, TextView key, TextView value);
