@@ -23,7 +23,8 @@ namespace orvane {
 ///
 /// Errors: 70 access refused, or the lock not had within ten seconds; 76 the folder is missing (writing
 /// only); 61 no room; 57 the device failed; 52 a name that cannot be a file's; 67 no handle left; 7 a file of
-/// more than 2 GB; 75 anything else, as a directory of that name. After an error the file is what it was.
+/// more than 2 GB; 75 anything else, as a directory of that name. After an error the file is what it was;
+/// after that of a flush it may be the new one, not known to be on the device.
 class JobFile {
  public:
   /// `fullName` is folder\name. Touches nothing.

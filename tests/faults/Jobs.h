@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/VqDocStampa.h"
+#include "tests/faults/InMemory.h"
 #include "tests/support/JobTest.h"
 
 namespace orvane::test {
@@ -34,6 +35,7 @@ class Jobs {
 
  private:
   FixedClock clock_{dateOf(2026, 11, 21, 12)};
+  InMemory inMemory_;
   TemporaryFolder folder_;
   Content first_;
 };

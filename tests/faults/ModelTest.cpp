@@ -5,6 +5,7 @@
 #include <map>
 #include <random>
 
+#include "tests/faults/InMemory.h"
 #include "tests/support/JobTest.h"
 
 namespace orvane::test {
@@ -134,10 +135,8 @@ class Model {
 TEST(JobFileModel, AgreesWithAPlainMap) {
   const char* const factor = std::getenv("ORVANE_SOAK_FACTOR");
   const unsigned sequences = 10'000u * static_cast<unsigned>(factor ? std::max(1, std::atoi(factor)) : 1);
-  // Thousands of flushes: in memory where there is such a folder.
-  if (std::filesystem::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 1);
+  const InMemory inMemory;
   const TemporaryFolder folder;
-  ::unsetenv("TMPDIR");
   const Text name = folder.file(u"job.vqs");
   for (unsigned seed = 1; seed <= sequences; ++seed) {
     std::filesystem::remove(folder.native(u"job.vqs"));
