@@ -145,8 +145,10 @@ std::string DiskFile::targetOf(std::string path) {
   constexpr int kLongestChain = 40;
   for (int links = 0; links < kLongestChain; ++links) {
     std::string target(4096, '\0');
-    const auto length = ::readlink(path.c_str(), target.data(), target.size());
-    if (length < 0) return path;
+    const auto length =
+        retryInterrupted([&] { return ::readlink(path.c_str(), target.data(), target.size()); });
+    if (length < 0 && (errno == EINVAL || isMissing(errno))) return path;
+    if (length < 0) raiseLastSystemError();
     target.resize(static_cast<std::size_t>(length));
     path = target.starts_with('/') ? target : path.substr(0, path.rfind('/') + 1) + target;
   }
@@ -172,7 +174,11 @@ Stamp DiskFile::read(std::string& bytes) const {
     const Handle file(path_, O_RDONLY | O_NONBLOCK);
     bytes.clear();
     if (!file.isOpen() && !isMissing(errno)) raiseLastSystemError();
-    if (!file.isOpen()) return {};
+    if (!file.isOpen()) {
+      // A file taken for missing would be written anew without its values: two calls must agree.
+      if (!stamp().exists || !patience.wait()) return {};
+      continue;
+    }
     const Stamp before = file.stamp();
     bytes.resize(before.size);
     readAll(file, bytes);

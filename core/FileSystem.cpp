@@ -33,25 +33,26 @@ fs::path pathOf(TextView published) {
   throw Error(ErrorNumber::PathFileAccess);
 }
 
-// Follows links; what cannot be looked at is no file.
+// Follows links; what may not be looked at is nothing. A device that fails is an error, not a missing file.
+fs::file_status statusOf(const fs::path& path) {
+  std::error_code failure;
+  const auto status = fs::status(path, failure);
+  if (failure == std::errc::io_error) raise(failure);
+  return status;
+}
+
 bool isFile(const fs::path& path) {
-  std::error_code ignored;
-  const auto status = fs::status(path, ignored);
+  const auto status = statusOf(path);
   return fs::exists(status) && !fs::is_directory(status);
 }
 
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
-    std::error_code ignored;
-    return !folder.empty() && fs::is_directory(pathOf(folder), ignored);
+    return !folder.empty() && fs::is_directory(statusOf(pathOf(folder)));
   }
 
-  bool fileExists(TextView file) const override {
-    std::error_code ignored;
-    const auto status = fs::status(pathOf(file), ignored);
-    return !file.empty() && fs::exists(status) && !fs::is_directory(status);
-  }
+  bool fileExists(TextView file) const override { return !file.empty() && isFile(pathOf(file)); }
 
   void copyFile(TextView from, TextView to) const override {
     if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);

@@ -23,7 +23,8 @@ namespace orvane {
 ///
 /// Errors: 70 access refused, or the lock not had within ten seconds; 76 the folder is missing (writing
 /// only); 61 no room; 57 the device failed; 52 a name that cannot be a file's; 67 no handle left; 7 a file of
-/// more than 2 GB; 75 anything else, as a directory of that name. After an error the file is what it was.
+/// more than 2 GB; 75 anything else, as a directory of that name. After an error the file is what it was;
+/// after that of a flush it may be the new one, not known to be on the device.
 class JobFile {
  public:
   /// `fullName` is folder\name. Touches nothing.
@@ -39,6 +40,9 @@ class JobFile {
   /// The text under `section` and `key`, whatever their case; nothing where the key, the file or its folder
   /// is missing. The view is valid until the next call.
   std::optional<TextView> read(TextView section, TextView key);
+
+  /// Characters of the text that the last `read` looked at; less than 2^31.
+  std::size_t length() const { return image_.bytes().size() / sizeof(char16_t); }
 
   /// Visible to every process when this returns. Raises 5 for names that cannot stand in the file (see
   /// `canBeSection`, `canBeKey`).

@@ -34,6 +34,11 @@ double ProfileAccess::LeggiNumero(JobFile& file, TextView section, TextView key,
   return stored ? parseNumber(*stored).value_or(missing) : missing;
 }
 
+std::int32_t ProfileAccess::LeggiQuanti(JobFile& file, TextView section, TextView key) const {
+  const std::int32_t count = roundToLong(LeggiNumero(file, section, key));
+  return std::clamp(count, 0, static_cast<std::int32_t>(file.length()));
+}
+
 Date ProfileAccess::LeggiData(JobFile& file, TextView section, TextView key, Date missing) const {
   return {LeggiNumero(file, section, key, missing.days)};
 }

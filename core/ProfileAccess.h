@@ -27,6 +27,9 @@ class ProfileAccess {
                   std::size_t most = kLongestText) const;
   /// `missing` also where the stored value is no number.
   double LeggiNumero(JobFile& file, TextView section, TextView key, double missing = 0) const;
+  /// The length of a stored list: a Long that is not negative (error 6 where it is none), and no more than
+  /// the file has characters, so that reading a list takes time in proportion to the file.
+  std::int32_t LeggiQuanti(JobFile& file, TextView section, TextView key) const;
   Date LeggiData(JobFile& file, TextView section, TextView key, Date missing = {}) const;
   /// True is any number but 0, and the word True; `missing` where the value is neither number nor truth
   /// value.

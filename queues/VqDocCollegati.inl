@@ -33,7 +33,7 @@ void LinkedDocuments<Document, Traits>::LeggiFile() {
   Component::LeggiFile();
   ProfileAccess& access = Apartment::profileAccess();
   const auto file = jobFile();
-  const std::int32_t count = roundToLong(access.LeggiNumero(*file, section(), u"NumeroCollegati"));
+  const std::int32_t count = access.LeggiQuanti(*file, section(), u"NumeroCollegati");
   const LoadingChain link(file->fullName());
   for (std::int32_t position = 0; position < count; ++position) addListed(access, *file, position);
 }

@@ -1,0 +1,95 @@
+// Every allocation of an operation fails in turn: memory is missed in an orderly way, the files are the old
+// or the new ones, and the next attempt works. Leaks show in the build with sanitizers.
+#include <cstdlib>
+#include <new>
+
+#include "tests/faults/Jobs.h"
+#include "tests/support/Rows.h"
+
+namespace {
+
+thread_local long allocationsLeft = -1;  // none is counted while negative
+thread_local long allocations = 0;
+
+void* allocate(std::size_t size) {
+  ++allocations;
+  if (allocationsLeft == 0) throw std::bad_alloc();
+  if (allocationsLeft > 0) --allocationsLeft;
+  if (void* const memory = std::malloc(size ? size : 1)) return memory;
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) { return allocate(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace orvane::test {
+namespace {
+
+class FailingAllocations : public testing::TestWithParam<Operation> {
+ protected:
+  enum Result { Done, OutOfMemory, Other };
+
+  // `at` allocations are granted, none after them.
+  Result actWith(long at) {
+    allocationsLeft = at;
+    try {
+      GetParam().act(jobs_);
+      allocationsLeft = -1;
+      return Done;
+    } catch (const std::bad_alloc&) {
+      allocationsLeft = -1;
+      return OutOfMemory;
+    } catch (const Error& error) {
+      allocationsLeft = -1;
+      return error.code() == ErrorNumber::OutOfMemory ? OutOfMemory : Other;
+    }
+  }
+
+  void begin() {
+    jobs_.reset();
+    GetParam().prepare(jobs_);
+  }
+
+  void check(long at) {
+    begin();
+    const Result result = actWith(at);
+    SCOPED_TRACE("allocation " + std::to_string(at));
+    EXPECT_NE(result, Other);
+    const Content found = jobs_.content();
+    if (GetParam().oneReplace) {
+      EXPECT_TRUE(found == (result == Done ? after_ : before_) || found == after_);
+    }
+    for (const auto& [name, bytes] : found) {
+      EXPECT_FALSE(name.ends_with(".tmp")) << name;
+      if (name.find(".vq") == std::string::npos) continue;
+      EXPECT_NO_THROW(readJobFile(jobs_.folder() + u'\\' + fromUtf8(name))) << name;
+    }
+    jobs_.reset();
+    GetParam().prepare(jobs_);
+    GetParam().act(jobs_);
+    EXPECT_TRUE(jobs_.content() == after_);
+  }
+
+  Jobs jobs_;
+  Content before_, after_;
+};
+
+TEST_P(FailingAllocations, LeaveTheOldOrTheNew) {
+  begin();
+  before_ = jobs_.content();
+  const long first = allocations;
+  GetParam().act(jobs_);
+  const long needed = allocations - first;
+  after_ = jobs_.content();
+  const long stride = soakFactor() > 1 ? 1 : std::max(1L, needed / 150);
+  for (long at = 0; at < needed && !HasFailure(); at += stride) check(at);
+  std::printf("%s: %ld allocations, every %ld.\n", GetParam().name, needed, stride);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, FailingAllocations, testing::ValuesIn(operations()), rowName);
+
+}  // namespace
+}  // namespace orvane::test

@@ -1,0 +1,46 @@
+// Several apartments at once, each with documents of its own and all with one job file in common.
+#include <atomic>
+#include <thread>
+
+#include "tests/support/JobTest.h"
+
+namespace orvane::test {
+namespace {
+
+constexpr int kApartments = 4;
+constexpr int kRounds = 20;
+
+Text number(int value) { return fromUtf8(std::to_string(value)); }
+
+// One client: composes a job in each round and leaves its own key in the common file.
+void work(const TemporaryFolder& folder, int client) {
+  const VqDocumenti factory;
+  JobFile common(folder.file(u"common.vqs"));
+  for (int round = 1; round <= kRounds; ++round) {
+    const auto job = factory.NuovoDocumentoStampa();
+    job->Inizializza(number(client) + u"-" + number(round), folder.path());
+    job->Copie = round;
+    job->Coda.Codice = vdcs_InStampa;
+    static_cast<void>(job->Xml());
+    common.write(u"Client", u"k" + number(client), number(round));
+  }
+}
+
+TEST(Apartments, WorkAtOnceAndLoseNothing) {
+  const TemporaryFolder folder;
+  std::atomic<int> failures = 0;
+  std::vector<std::thread> clients;
+  for (int client = 0; client < kApartments; ++client) {
+    clients.emplace_back([&, client] { failures += errorOf([&] { work(folder, client); }) != 0; });
+  }
+  for (std::thread& client : clients) client.join();
+  EXPECT_EQ(failures, 0);
+  EXPECT_EQ(folder.files().size(), kApartments * kRounds + 1u);
+  JobFile common(folder.file(u"common.vqs"));
+  for (int client = 0; client < kApartments; ++client) {
+    EXPECT_EQ(common.read(u"Client", u"k" + number(client)), TextView(number(kRounds)));
+  }
+}
+
+}  // namespace
+}  // namespace orvane::test

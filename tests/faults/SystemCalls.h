@@ -1,0 +1,42 @@
+// The test program's own system calls: counted, failed on demand, and recorded for what a power cut leaves.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orvane::test {
+
+/// What is to happen to call number `at`, from 0: it fails with `code`, or a write of it is cut to one byte
+/// where `code` is 0. With `onward` the calls after it fail too; an interruption (EINTR) then comes fifty
+/// times in a row, since no signal comes for ever.
+struct Fault {
+  int at = -1;
+  int code = 0;
+  bool onward = false;
+};
+
+/// One change of the file system, in the order of the calls.
+struct DiskEvent {
+  enum Kind { Create, Write, Rename, Unlink, SyncFile, SyncFolder } kind;
+  std::uint64_t inode = 0;
+  std::string path, target, data;
+};
+
+/// Stands between this thread and the operating system while it lives. Time spent asleep is skipped: the
+/// monotonic clock runs on as if it had passed.
+class SystemCalls {
+ public:
+  explicit SystemCalls(Fault fault = {});
+  ~SystemCalls();
+  SystemCalls(const SystemCalls&) = delete;
+  SystemCalls& operator=(const SystemCalls&) = delete;
+
+  int count() const;                ///< calls so far
+  const char* firstFailed() const;  ///< name of the call that failed first; empty where none did
+  const std::vector<DiskEvent>& events() const;
+};
+
+}  // namespace orvane::test
