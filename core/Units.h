@@ -45,6 +45,10 @@ std::size_t findAnyOf(TextView text, std::size_t at = 0) {
       [](char16_t unit) { return ((unit == units) || ...); });
 }
 
+/// The two halves of a character beyond U+FFFF.
+constexpr bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
 /// True for the same units, case included.
 inline bool same(TextView a, TextView b) {
   return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;

@@ -12,9 +12,6 @@ namespace {
 constexpr std::size_t kTypicalDocument = 16384;  // units; a full fax job needs about 12,000
 constexpr std::size_t kLongestReplacement = 5;   // units that one unit may become
 
-constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 // Units that need a look: everything else is copied in runs.
 constexpr bool isPlain(char16_t unit) {
   return unit >= 0x20 && unit != u'&' && unit != u'<' && unit != u'>' && unit < 0xD800;
