@@ -1,6 +1,7 @@
 #include "core/Document.h"
 
 #include "core/Error.h"
+#include "core/Paths.h"
 
 namespace orvane {
 
@@ -11,8 +12,7 @@ void checkBinding(bool initialised, TextView folder) {
 
 void checkLoading(bool initialised, TextView folder, TextView fileName) {
   checkBinding(initialised, folder);
-  const bool there =
-      !fileName.empty() && Apartment::fileSystem().fileExists(Text(folder) + u'\\' + Text(fileName));
+  const bool there = !fileName.empty() && Apartment::fileSystem().fileExists(joinPath(folder, fileName));
   if (!there) throw Error(ErrorNumber::FileNotFound);
 }
 

@@ -2,6 +2,7 @@
 
 #include "codes/VqDocResDll.h"
 #include "core/Error.h"
+#include "core/Paths.h"
 
 namespace orvane {
 
@@ -116,7 +117,7 @@ void VqDocumenti::duplicateLinked(const VqDocStampa& from, VqDocStampa& to) cons
   for (const auto& linked : from.Collegati) {
     auto copy = NuovoDocumentoStampa();
     const Text id = to.Proprieta.Id.get() + u'_' + linked->Proprieta.Id.get();
-    const auto file = Apartment::profileAccess().open(folder + u'\\' + id + copy->kind().linkedExtension);
+    const auto file = Apartment::profileAccess().open(joinPath(folder, id + copy->kind().linkedExtension));
     file->together([&] {
       copy->Inizializza(id, folder, true);
       DuplicaDocumentoStampa(linked, copy);

@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 #include "core/Numbers.h"
+#include "core/Paths.h"
 
 namespace orvane {
 
@@ -66,7 +67,7 @@ void WrappingDocument::Inizializza(TextView Id, enmVqDocTipo Tipo, TextView Perc
 void WrappingDocument::Carica(TextView Percorso, TextView NomeFile) {
   checkLoading(Inizializzato, Percorso, NomeFile);
   ProfileAccess& access = Apartment::profileAccess();
-  const auto file = access.open(Text(Percorso) + u'\\' + Text(NomeFile));
+  const auto file = access.open(joinPath(Percorso, NomeFile));
   file->together([&] {
     ImpostaDocumento(
         static_cast<enmVqDocTipo>(roundToLong(access.LeggiNumero(*file, u"Tipo", u"Codice", -1))));

@@ -1,5 +1,6 @@
 #include "pages/VqDocDiretta.h"
 
+#include "core/Paths.h"
 #include "core/VqDocProprieta.h"
 
 namespace orvane {
@@ -12,7 +13,7 @@ void VqDocDiretta::ImpostaFile(const std::shared_ptr<JobFile>& file) {
 void VqDocDiretta::LeggiFile() {
   Component::LeggiFile();
   const Text& id = properties_.Id;
-  const VqDocFile prepared{properties_.FileIntestazione.Percorso + u'\\' + id, id + u".vqd"};
+  const VqDocFile prepared{joinPath(properties_.FileIntestazione.Percorso, id), id + u".vqd"};
   if (Apartment::fileSystem().fileExists(prepared.File())) FileDiretto = prepared;
   load(CatalogoDestinazione);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/Numbers.h"
+#include "core/Paths.h"
 #include "queues/VqDocCollegati.h"
 
 namespace orvane {
@@ -43,7 +44,7 @@ void LinkedDocuments<Document, Traits>::addListed(ProfileAccess& access, JobFile
   const Text index = decimalText(position);
   const Text folder = access.LeggiTesto(file, section(), u"Percorso" + index);
   const Text name = access.LeggiTesto(file, section(), u"Nome" + index);
-  if (name.empty() || !Apartment::fileSystem().fileExists(folder + u'\\' + name)) return;
+  if (name.empty() || !Apartment::fileSystem().fileExists(joinPath(folder, name))) return;
   auto document = std::make_shared<Document>();
   document->Carica(folder, name);
   Add(std::move(document));
