@@ -6,6 +6,7 @@
 
 #include "core/Error.h"
 #include "core/Paths.h"
+#include "core/SystemError.h"
 
 namespace orvane {
 
@@ -18,20 +19,7 @@ fs::path pathOf(TextView published) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
-[[noreturn]] void raise(const std::error_code& failure) {
-  const std::pair<std::errc, ErrorNumber> kNumbers[] = {
-      {std::errc::no_space_on_device, ErrorNumber::DiskFull},
-      {std::errc::permission_denied, ErrorNumber::PermissionDenied},
-      {std::errc::operation_not_permitted, ErrorNumber::PermissionDenied},
-      {std::errc::read_only_file_system, ErrorNumber::PermissionDenied},
-      {std::errc::no_such_file_or_directory, ErrorNumber::PathNotFound},
-      {std::errc::too_many_files_open, ErrorNumber::TooManyFiles},
-      {std::errc::io_error, ErrorNumber::DeviceIo}};
-  for (const auto& [condition, number] : kNumbers) {
-    if (failure == condition) throw Error(number);
-  }
-  throw Error(ErrorNumber::PathFileAccess);
-}
+[[noreturn]] void raise(const std::error_code& failure) { throw Error(errorNumberOf(failure)); }
 
 // Follows links; what may not be looked at is nothing. A device that fails is an error, not a missing file.
 fs::file_status statusOf(const fs::path& path) {

@@ -81,7 +81,12 @@ bool LockFile::tryLockInTurn(std::uint32_t number, Place& place) {
 
 // Whoever deleted or moved the lock file meanwhile left us a lock that nobody else sees.
 bool LockFile::keepPresent(bool given) {
-  if (given && isPresent()) return true;
+  try {
+    if (given && isPresent()) return true;
+  } catch (...) {
+    close();
+    throw;
+  }
   close();
   return false;
 }

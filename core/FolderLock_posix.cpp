@@ -102,7 +102,10 @@ bool LockFile::isFree(std::uint64_t offset, std::uint64_t length) {
 
 bool LockFile::isPresent() const {
   struct stat state {};
-  return ::stat(path_.c_str(), &state) == 0 && state.st_dev == device_ && state.st_ino == inode_;
+  if (retryInterrupted([&] { return ::stat(path_.c_str(), &state); }) == 0)
+    return state.st_dev == device_ && state.st_ino == inode_;
+  if (errno == ENOENT) return false;
+  raiseLastSystemError();
 }
 
 }  // namespace orvane

@@ -74,7 +74,8 @@ bool LockFile::isFree(std::uint64_t offset, std::uint64_t length) {
 
 bool LockFile::isPresent() const {
   FILE_STANDARD_INFO state{};
-  if (!GetFileInformationByHandleEx(asHandle(handle_), FileStandardInfo, &state, sizeof state)) return false;
+  if (!GetFileInformationByHandleEx(asHandle(handle_), FileStandardInfo, &state, sizeof state))
+    raiseLastSystemError();
   return state.NumberOfLinks > 0 && !state.DeletePending;
 }
 

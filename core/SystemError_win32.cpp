@@ -52,8 +52,6 @@ ErrorNumber errorNumberOf(unsigned long code) {
   }
 }
 
-void raiseSystemError(unsigned long code) { throw Error(errorNumberOf(code)); }
-
 void raiseLastSystemError() { raiseSystemError(GetLastError()); }
 
 }  // namespace orvane

@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstring>
 
 namespace orvane::test {
 
@@ -39,20 +40,32 @@ bool isHit(const State& state, int call) {
   return fault.code != EINTR || call < fault.at + kInterruptions;
 }
 
-// Counts a call; true where it is the fault's.
-bool meetsFault(const char* name) {
-  if (!active) return false;
-  State& state = *active;
-  const bool hit = isHit(state, state.calls++);
-  if (hit && !*state.firstFailed) state.firstFailed = name;
-  return hit;
+enum class Verdict { Passes, Fails, IsCut, DoesNothing };
+
+Verdict judge(const Fault& fault) {
+  if (fault.code == kNothingDone) return Verdict::DoesNothing;
+  return fault.code == 0 ? Verdict::IsCut : Verdict::Fails;
 }
 
-bool fails(const char* name) {
-  if (!meetsFault(name) || active->fault.code == 0) return false;
-  errno = active->fault.code;
-  return true;
+void interfere(State& state) {
+  active = nullptr;
+  state.fault.meanwhile();
+  active = &state;
 }
+
+// Counts a call and says what becomes of it.
+Verdict meet(const char* name) {
+  if (!active) return Verdict::Passes;
+  State& state = *active;
+  if (state.fault.name && std::strcmp(state.fault.name, name) != 0) return Verdict::Passes;
+  if (!isHit(state, state.calls++)) return Verdict::Passes;
+  if (state.fault.meanwhile) return interfere(state), Verdict::Passes;
+  if (!*state.firstFailed) state.firstFailed = name;
+  if (state.fault.code > 0) errno = state.fault.code;
+  return judge(state.fault);
+}
+
+bool fails(const char* name) { return meet(name) == Verdict::Fails; }
 
 std::uint64_t inodeOf(int file) {
   static const auto real = original<int(int, struct stat*)>("fstat");
@@ -78,7 +91,7 @@ bool isFolder(int file) {
 
 SystemCalls::SystemCalls(Fault fault) {
   auto state = new State;
-  state->fault = fault;
+  state->fault = std::move(fault);
   active = state;
 }
 
@@ -97,8 +110,10 @@ const std::vector<DiskEvent>& SystemCalls::events() const { return active->event
 using orvane::test::active;
 using orvane::test::DiskEvent;
 using orvane::test::fails;
+using orvane::test::meet;
 using orvane::test::original;
 using orvane::test::record;
+using orvane::test::Verdict;
 
 extern "C" {
 
@@ -118,16 +133,18 @@ int open(const char* path, int flags, ...) {
 
 ssize_t read(int file, void* bytes, size_t size) {
   static const auto real = original<ssize_t(int, void*, size_t)>("read");
-  if (fails("read")) return -1;
-  const bool cut = active && active->fault.code == 0 && orvane::test::isHit(*active, active->calls - 1);
-  return real(file, bytes, cut && size > 1 ? 1 : size);
+  const Verdict verdict = meet("read");
+  if (verdict == Verdict::Fails) return -1;
+  if (verdict == Verdict::DoesNothing) return 0;
+  return real(file, bytes, verdict == Verdict::IsCut && size > 1 ? 1 : size);
 }
 
 ssize_t write(int file, const void* bytes, size_t size) {
   static const auto real = original<ssize_t(int, const void*, size_t)>("write");
-  if (fails("write")) return -1;
-  const bool cut = active && active->fault.code == 0 && orvane::test::isHit(*active, active->calls - 1);
-  const ssize_t put = real(file, bytes, cut && size > 1 ? 1 : size);
+  const Verdict verdict = meet("write");
+  if (verdict == Verdict::Fails) return -1;
+  if (verdict == Verdict::DoesNothing) return 0;
+  const ssize_t put = real(file, bytes, verdict == Verdict::IsCut && size > 1 ? 1 : size);
   if (active && put > 0) {
     record({DiskEvent::Write,
             orvane::test::inodeOf(file),
