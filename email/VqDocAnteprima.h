@@ -6,7 +6,7 @@
 namespace orvane {
 
 /// Job file `Id`.vqa, whatever the inner kind.
-class VqDocAnteprima : public WrappingDocument {
+class VqDocAnteprima final : public WrappingDocument {
  public:
   VqDocAnteprima();
 

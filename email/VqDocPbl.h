@@ -21,7 +21,7 @@ class VqDocPubblicazione : public Component, private Owner {
 
 /// Job file `Id`.vqpb, whatever the inner kind. The root of its XML and the element of `Pubblicazione` in it
 /// have the same name.
-class VqDocPbl : public WrappingDocument {
+class VqDocPbl final : public WrappingDocument {
  public:
   VqDocPbl();
 

@@ -15,7 +15,7 @@ class ControlCode : public WrittenProperty {
   static constexpr std::size_t kSize = 7;
   using Bytes = std::array<std::uint8_t, kSize>;
 
-  /// `element` is the function's name with "StrAsc" before it, `name` points at the function's name in it.
+  /// `name` is the function's, `element` the same with "StrAsc" before it.
   ControlCode(Fields& owner, const char16_t* name, const char16_t* element)
       : WrittenProperty(owner, name, Kept::JobFileAndXml), element_(element) {}
 

@@ -7,9 +7,9 @@
 namespace orvane {
 
 /// One function of a catalog: its bytes, as seven characters, and as three digits each.
-#define ORVANE_CONTROL_CODE(function)                                                \
-  ControlCode function{*this, u"StrAsc" u## #function + 6, u"StrAsc" u## #function}; \
-  Text StrChr##function() const { return function.characters(); }                    \
+#define ORVANE_CONTROL_CODE(function)                                  \
+  ControlCode function{*this, u## #function, u"StrAsc" u## #function}; \
+  Text StrChr##function() const { return function.characters(); }      \
   Text StrAsc##function() const { return function.digits(); }
 
 /// Ten functions, each switched on and off by up to seven bytes, kept in one section under the function's
