@@ -3,12 +3,13 @@
 #include <thread>
 
 #include "tests/support/JobTest.h"
+#include "tests/support/Soak.h"
 
 namespace orvane::test {
 namespace {
 
 constexpr int kApartments = 4;
-constexpr int kRounds = 20;
+const int kRounds = 20 * soakFactor();
 
 Text number(int value) { return fromUtf8(std::to_string(value)); }
 
@@ -35,11 +36,12 @@ TEST(Apartments, WorkAtOnceAndLoseNothing) {
   }
   for (std::thread& client : clients) client.join();
   EXPECT_EQ(failures, 0);
-  EXPECT_EQ(folder.files().size(), kApartments * kRounds + 1u);
+  EXPECT_EQ(folder.files().size(), static_cast<std::size_t>(kApartments * kRounds + 1));
   JobFile common(folder.file(u"common.vqs"));
   for (int client = 0; client < kApartments; ++client) {
     EXPECT_EQ(common.read(u"Client", u"k" + number(client)), TextView(number(kRounds)));
   }
+  std::printf("apartments: %d at once, %d jobs each\n", kApartments, kRounds);
 }
 
 }  // namespace

@@ -1,15 +1,15 @@
 // Neighbours that no job expects: huge files, lying counts, circles, names that systems dislike.
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "tests/support/JobTest.h"
+#include "tests/support/Soak.h"
 
 namespace orvane::test {
 namespace {
 
-bool isSoak() { return std::getenv("ORVANE_SOAK_FACTOR") != nullptr; }
+bool isSoak() { return soakFactor() > 1; }
 
 class Hostile : public JobTest {
  protected:

@@ -95,9 +95,4 @@ std::size_t openDescriptors() {
   return static_cast<std::size_t>(std::distance(begin(all), end(all)));
 }
 
-int soakFactor() {
-  const char* const text = std::getenv("ORVANE_SOAK_FACTOR");
-  return text ? std::max(1, std::atoi(text)) : 1;
-}
-
 }  // namespace orvane::test

@@ -10,6 +10,7 @@
 #include "core/VqDocStampa.h"
 #include "tests/faults/InMemory.h"
 #include "tests/support/JobTest.h"
+#include "tests/support/Soak.h"
 
 namespace orvane::test {
 
@@ -56,8 +57,5 @@ std::vector<Operation> operations();
 
 /// How many descriptors this process has open.
 std::size_t openDescriptors();
-
-/// ORVANE_SOAK_FACTOR, 1 where it is not set: by how much longer than in the everyday check to run.
-int soakFactor();
 
 }  // namespace orvane::test

@@ -1,12 +1,12 @@
 // Random sequences of operations on job files against plain maps: what is read is always what was written
 // last, by whomever, and foreign lines stay.
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <random>
 
 #include "tests/faults/InMemory.h"
 #include "tests/support/JobTest.h"
+#include "tests/support/Soak.h"
 
 namespace orvane::test {
 namespace {
@@ -133,8 +133,7 @@ class Model {
 };
 
 TEST(JobFileModel, AgreesWithAPlainMap) {
-  const char* const factor = std::getenv("ORVANE_SOAK_FACTOR");
-  const unsigned sequences = 10'000u * static_cast<unsigned>(factor ? std::max(1, std::atoi(factor)) : 1);
+  const unsigned sequences = 20'000u * static_cast<unsigned>(soakFactor());
   const InMemory inMemory;
   const TemporaryFolder folder;
   const Text name = folder.file(u"job.vqs");

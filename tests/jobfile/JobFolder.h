@@ -10,6 +10,7 @@
 #include <iterator>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "core/Error.h"
 #include "core/JobFile.h"
@@ -43,8 +44,10 @@ class JobFolder : public testing::Test {
 
   std::string path(const std::string& name = "job.vqs") const { return folder_ + "/" + name; }
 
-  Text published(TextView name = u"job.vqs") const {
-    Text folder = fromUtf8(folder_);
+  Text published(TextView name = u"job.vqs") const { return publishedName(folder_, name); }
+
+  static Text publishedName(const std::string& native, TextView name) {
+    Text folder = fromUtf8(native);
     for (char16_t& unit : folder) unit = unit == u'/' ? u'\\' : unit;
     return joinPath(folder, name);
   }
@@ -69,6 +72,34 @@ class JobFolder : public testing::Test {
 
   std::string folder_;
 };
+
+/// Where many writers meet: the mounts of one share that ORVANE_SHARE names, separated by colons, else a
+/// folder in memory where the machine has one. A busy disk may hold a writer up for longer than the others
+/// wait, and then they are refused with reason.
+inline const std::vector<std::string>& mounts() {
+  static const std::vector<std::string> found = [] {
+    const char* const share = std::getenv("ORVANE_SHARE");
+    if (!share) return std::vector{std::filesystem::exists("/dev/shm") ? "/dev/shm" : testing::TempDir()};
+    std::vector<std::string> names(1);
+    for (const char* c = share; *c; ++c) *c == ':' ? names.emplace_back() : names.back() += *c;
+    return names;
+  }();
+  return found;
+}
+
+/// A folder of the first mount; `published(writer)` names it by one mount after the other.
+class MeetingFolder : public JobFolder {
+ protected:
+  MeetingFolder() : JobFolder(mounts().front() + "/") {}
+
+  using JobFolder::published;
+  Text published(int writer) const {
+    const std::string& mount = mounts()[static_cast<std::size_t>(writer) % mounts().size()];
+    return publishedName(mount + folder_.substr(mounts().front().size()), u"job.vqs");
+  }
+};
+
+inline Text number(int value) { return fromUtf8(std::to_string(value)); }
 
 /// A copy of what is read, for comparison.
 inline std::optional<Text> readText(JobFile& file, TextView section, TextView key) {

@@ -6,11 +6,13 @@
 #include <thread>
 
 #include "tests/jobfile/JobFolder.h"
+#include "tests/jobfile/Processes.h"
+#include "tests/support/Soak.h"
 
 namespace orvane::test {
 namespace {
 
-class JobFileImage : public JobFolder {
+class JobFileImage : public MeetingFolder {
  protected:
   void overwrite(const std::string& content) const {
     const int file = ::open(path().c_str(), O_WRONLY | O_CLOEXEC);
@@ -28,33 +30,39 @@ class JobFileImage : public JobFolder {
   }
 };
 
+// Changes of one size, many in each tick of the clock that file systems take their times from.
+int ticks() { return (kSanitized ? 1'000 : 2'000) * soakFactor(); }
+
 TEST_F(JobFileImage, AForeignChangeInPlaceOfTheSameSizeIsNoticedAtOnce) {
   JobFile file(published());
-  for (int trial = 0; trial < 1'000; ++trial) {
+  for (int trial = 0; trial < ticks(); ++trial) {
     file.write(u"A", u"k", trial % 2 ? u"1" : u"2");
     overwrite(onDisk(u"[A]\r\nk=3\r\n"));
     ASSERT_EQ(readText(file, u"A", u"k"), u"3") << trial;
   }
+  std::printf("ticks: %d foreign changes, each noticed at once\n", ticks());
 }
 
 TEST_F(JobFileImage, TwoForeignChangesInPlaceAreNoticedAtOnce) {
   put(onDisk(u"[A]\r\nk=0\r\n"));
   JobFile file(published());
-  for (int trial = 0; trial < 1'000; ++trial) {
+  for (int trial = 0; trial < ticks(); ++trial) {
     const Text value(1, static_cast<char16_t>(u'0' + trial % 10));
     overwrite(onDisk(u"[A]\r\nk=" + value + u"\r\n"));
     ASSERT_EQ(readText(file, u"A", u"k"), value) << trial;
   }
+  std::printf("ticks: %d foreign changes between readings, each noticed at once\n", ticks());
 }
 
 TEST_F(JobFileImage, AnotherWritersReplaceOfTheSameSizeIsNoticedAtOnce) {
   JobFile file(published());
   JobFile other(published());
-  for (int trial = 0; trial < 1'000; ++trial) {
+  for (int trial = 0; trial < ticks(); ++trial) {
     file.write(u"A", u"k", trial % 2 ? u"1" : u"2");
     other.write(u"A", u"k", trial % 2 ? u"3" : u"4");
     ASSERT_EQ(readText(file, u"A", u"k"), trial % 2 ? u"3" : u"4") << trial;
   }
+  std::printf("ticks: %d writes of another writer, each noticed at once\n", ticks());
 }
 
 TEST_F(JobFileImage, AChangeWithItsTimePutBackIsNoticed) {

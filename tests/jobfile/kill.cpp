@@ -1,94 +1,146 @@
 // Writers killed at random moments leave the old file or the new one, and nothing else in the way.
-#include <fcntl.h>
-
 #include <chrono>
 #include <random>
 #include <thread>
 
 #include "tests/jobfile/JobFolder.h"
 #include "tests/jobfile/Processes.h"
+#include "tests/support/Soak.h"
 
 namespace orvane::test {
 namespace {
 
-Text number(int value) { return fromUtf8(std::to_string(value)); }
+constexpr int kTrials = kSanitized ? 300 : 2'000;
+constexpr TextView kValue = u"some value of ordinary length";
 
-class JobFileKill : public JobFolder {
- protected:
-  // Two keys of one scope, so that a torn file would show them unequal; acknowledged once written.
-  void writeForEver(int acknowledgements, int from) const {
-    JobFile file(published());
-    for (int i = from + 1;; ++i) {
-      file.together([&] {
-        file.write(u"A", u"first", number(i));
-        file.write(u"Z", u"last", number(i));
-      });
-      if (::write(acknowledgements, &i, sizeof i) != sizeof i) return;
-    }
+// Writers of one file, each with two keys of its own, one before and one behind 300 others.
+class Writers {
+ public:
+  Writers(Text job, int count) : job_(std::move(job)), acknowledged_(static_cast<std::size_t>(count)) {
+    JobFile file(job_);
+    file.together([&] {
+      for (int writer = 0; writer < count; ++writer) file.write(u"A", keyOf(writer), u"0");
+      for (int i = 0; i < 300; ++i) file.write(u"M", u"key" + number(i), kValue);
+      for (int writer = 0; writer < count; ++writer) file.write(u"Z", keyOf(writer), u"0");
+    });
+    for (int writer = 0; writer < count; ++writer)
+      processes_.push_back(inChild([&] { return write(writer, 0); }));
+  }
+  Writers(const Writers&) = delete;
+  Writers& operator=(const Writers&) = delete;
+  ~Writers() {
+    for (const pid_t process : processes_) kill(process);
   }
 
-  // The last number that a writer, killed after `life`, had acknowledged; `from` where none.
-  int writeAndKill(int from, std::chrono::microseconds life) const {
-    int pipe[2];
-    if (::pipe2(pipe, O_CLOEXEC) != 0) return -1;
-    const pid_t writer = inChild([&] { return writeForEver(pipe[1], from), true; });
-    ::close(pipe[1]);
-    std::this_thread::sleep_for(life);
-    ::kill(writer, SIGKILL);
-    statusOf(writer);
-    int last = from;
-    for (int seen; ::read(pipe[0], &seen, sizeof seen) == sizeof seen;) last = seen;
-    ::close(pipe[0]);
+  // The last number of a writer, once it has been killed.
+  int killAndCheck(int writer) {
+    EXPECT_TRUE(kill(processes_[index(writer)])) << "writer " << writer << " had ended by itself";
+    const int acknowledged = static_cast<int>(acknowledged_[index(writer)]);
+    const int last = lastOf(writer);
+    EXPECT_GE(last, acknowledged);
+    EXPECT_LE(last, acknowledged + 1);
     return last;
   }
 
-  int valueOf(TextView section, TextView key) const {
-    JobFile file(published());
-    const auto text = file.read(section, key);
-    return text ? std::stoi(toUtf8(*text)) : -1;
+  void restart(int writer, int from) {
+    acknowledged_[index(writer)] = from;
+    processes_[index(writer)] = inChild([&] { return write(writer, from); });
   }
 
-  void put300Keys() const {
-    JobFile file(published());
-    file.together([&] {
-      for (int i = 0; i < 300; ++i) file.write(u"M", u"key" + number(i), u"some value of ordinary length");
-      file.write(u"A", u"first", u"0");
-      file.write(u"Z", u"last", u"0");
+  void killAll() {
+    for (int writer = 0; writer < static_cast<int>(processes_.size()); ++writer) killAndCheck(writer);
+    processes_.clear();
+  }
+
+ private:
+  static std::size_t index(int writer) { return static_cast<std::size_t>(writer); }
+  static Text keyOf(int writer) { return u"writer" + number(writer); }
+
+  // Two keys of one scope, so that a torn file would show them unequal; acknowledged once written.
+  bool write(int writer, int from) const {
+    JobFile file(job_);
+    for (int i = from + 1; i > from; ++i) {
+      file.together([&] {
+        file.write(u"A", keyOf(writer), number(i));
+        file.write(u"Z", keyOf(writer), number(i));
+      });
+      acknowledged_[index(writer)] = i;
+    }
+    return false;
+  }
+
+  // False where there was nothing left to kill.
+  static bool kill(pid_t process) {
+    ::kill(process, SIGKILL);
+    const int status = statusOf(process);
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+  }
+
+  // One sight of the file, in which the numbers of no writer differ and nothing else is missing.
+  int lastOf(int writer) const {
+    JobFile file(job_);
+    return file.together([&] {
+      for (int other = 0; other < static_cast<int>(acknowledged_.size()); ++other) {
+        EXPECT_EQ(readText(file, u"A", keyOf(other)), readText(file, u"Z", keyOf(other)));
+      }
+      EXPECT_EQ(file.read(u"M", u"key299"), kValue);
+      return std::stoi(toUtf8(file.read(u"A", keyOf(writer)).value_or(u"-1")));
     });
   }
+
+  Text job_;
+  SharedNumbers acknowledged_;
+  std::vector<pid_t> processes_;
 };
 
-TEST_F(JobFileKill, AcknowledgedWritesAreThereAndTheFileIsWhole) {
-  constexpr int kTrials = kSanitized ? 300 : 2'000;
-  put300Keys();
-  std::mt19937 random(3);
-  int last = 0;
-  for (int trial = 0; trial < kTrials; ++trial) {
-    const std::chrono::microseconds life(std::uniform_int_distribution(200, 4'000)(random));
-    const int acknowledged = writeAndKill(last, life);
-    last = valueOf(u"A", u"first");
-    ASSERT_EQ(last, valueOf(u"Z", u"last")) << trial;
-    ASSERT_GE(last, acknowledged) << trial;
-    ASSERT_LE(last, acknowledged + 1) << trial;
-    ASSERT_EQ(valueOf(u"A", u"first"), last);
+class JobFileKill : public MeetingFolder {
+ protected:
+  void live() {
+    std::this_thread::sleep_for(
+        std::chrono::microseconds(std::uniform_int_distribution(200, 2'500)(random_)));
   }
-  EXPECT_GT(last, kTrials / 10);
-  JobFile(published()).write(u"A", u"first", u"1");
-  EXPECT_EQ(names(), std::set<std::string>{"job.vqs"});
+
+  bool isLocked() const { return !LockFile(folder_ + "/").tryLock(lockNumberOf(u"job.vqs")); }
+
+  // No lock is left, and no temporary after the next write. True where there was one before it.
+  bool leavesNothing() const {
+    EXPECT_FALSE(isLocked());
+    const bool left = names().size() > 1;
+    JobFile(published()).write(u"A", u"next", u"1");
+    JobFile(published()).write(u"A", u"next", u"2");
+    EXPECT_EQ(names(), std::set<std::string>{"job.vqs"});
+    return left;
+  }
+
+  const int trials_ = kTrials * soakFactor();
+  std::mt19937 random_{3};
+};
+
+TEST_F(JobFileKill, OfTheOnlyWriterLeavesNothingInTheWay) {
+  Writers writers(published(), 1);
+  int last = 0, left = 0;
+  for (int trial = 0; trial < trials_ && !HasFailure(); ++trial) {
+    live();
+    last = writers.killAndCheck(0);
+    left += leavesNothing();
+    writers.restart(0, last);
+  }
+  EXPECT_GT(last, trials_ / 10);
+  EXPECT_GT(left, 0) << "no kill fell between creation and exchange: the trials show nothing";
+  std::printf("kill: %d trials with one writer in %d writes, %d left a temporary\n", trials_, last, left);
 }
 
-TEST_F(JobFileKill, TheNextWriteLeavesNoTemporary) {
-  put300Keys();
-  std::mt19937 random(4);
-  int left = 0;
-  for (int trial = 0; trial < (kSanitized ? 100 : 300); ++trial) {
-    writeAndKill(0, std::chrono::microseconds(std::uniform_int_distribution(400, 2'500)(random)));
-    left += names().size() > 1;
-    JobFile(published()).write(u"A", u"trial", number(trial));
-    ASSERT_EQ(names(), std::set<std::string>{"job.vqs"}) << trial;
+TEST_F(JobFileKill, OfOneOfManyLosesNothingOfAnybody) {
+  constexpr int kWriters = 8;
+  Writers writers(published(), kWriters);
+  for (int trial = 0; trial < trials_ && !HasFailure(); ++trial) {
+    live();
+    const int victim = std::uniform_int_distribution(0, kWriters - 1)(random_);
+    writers.restart(victim, writers.killAndCheck(victim));
   }
-  RecordProperty("left", left);
-  EXPECT_GT(left, 0) << "no kill fell between creation and exchange: the trials show nothing";
+  writers.killAll();
+  leavesNothing();
+  std::printf("kill: %d trials with %d writers at once\n", trials_, kWriters);
 }
 
 }  // namespace
