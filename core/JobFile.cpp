@@ -109,7 +109,7 @@ void JobFile::land() {
   const JobLock lock = disk().lock();
   if (!trusted_ || disk().stamp() != stamp_) load();
   apply();
-  if (edited_ || !stamp_.exists || !image_.isCanonical()) exchangeFile();
+  if (edited_ || !image_.isCanonical()) exchangeFile();
 }
 
 void JobFile::exchangeFile() {

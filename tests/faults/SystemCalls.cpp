@@ -185,7 +185,7 @@ int rename(const char* from, const char* to) {
   static const auto real = original<int(const char*, const char*)>("rename");
   if (fails("rename")) return -1;
   const int result = real(from, to);
-  if (result == 0) record({DiskEvent::Rename, 0, from, to, {}});
+  if (active && result == 0) record({DiskEvent::Rename, 0, from, to, {}});
   return result;
 }
 
@@ -193,7 +193,7 @@ int unlink(const char* path) {
   static const auto real = original<int(const char*)>("unlink");
   if (fails("unlink")) return -1;
   const int result = real(path);
-  if (result == 0) record({DiskEvent::Unlink, 0, path, {}, {}});
+  if (active && result == 0) record({DiskEvent::Unlink, 0, path, {}, {}});
   return result;
 }
 

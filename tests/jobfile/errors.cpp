@@ -103,6 +103,28 @@ TEST_F(JobFileErrors, ADirectoryInPlaceIsError75) {
   EXPECT_EQ(readError(), 75);
 }
 
+TEST_F(JobFileErrors, AFileOfMoreThan2GBIsError7) {
+  put(kOld);
+  std::filesystem::resize_file(path(), 0x80000000);
+  EXPECT_EQ(readError(), 7);
+  EXPECT_EQ(writeError(), 7);
+  EXPECT_EQ(std::filesystem::file_size(path()), 0x80000000);
+}
+
+TEST_F(JobFileErrors, ANameWithoutFolderIsAFileOfTheCurrentOne) {
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_);
+  JobFile file(u"job.vqs");
+  EXPECT_EQ(errorOf([&] {
+              file.write(u"A", u"k", u"1");
+              file.flush();
+            }),
+            0);
+  std::filesystem::current_path(before);
+  EXPECT_EQ(bytes(), kOld);
+  EXPECT_TRUE(std::filesystem::exists(path(".orvane.lock")));
+}
+
 TEST_F(JobFileErrors, APipeInPlaceIsError75AndDoesNotHang) {
   ASSERT_EQ(::mkfifo(path().c_str(), 0666), 0);
   EXPECT_EQ(writeError(), 75);
@@ -273,6 +295,20 @@ TEST_F(JobFileErrors, AnotherOwnersFileStaysHis) {
   ::stat(path().c_str(), &state);
   EXPECT_EQ(state.st_uid, 1234u);
   EXPECT_EQ(state.st_gid, 5678u);
+}
+
+TEST_F(JobFileErrors, AnotherGroupsFileStaysTheirs) {
+  if (::geteuid() != 0) GTEST_SKIP() << "giving files away needs root";
+  put(kOld);
+  ASSERT_EQ(::chown(path().c_str(), static_cast<uid_t>(-1), 5678), 0);
+  JobFile file(published());
+  for (const char16_t* value : {u"2", u"3"}) {
+    file.write(u"A", u"k", value);
+    struct stat state {};
+    ::stat(path().c_str(), &state);
+    EXPECT_EQ(state.st_uid, ::geteuid());
+    EXPECT_EQ(state.st_gid, 5678u);
+  }
 }
 
 TEST_F(JobFileErrors, FlushesRaiseNothingWhereThereIsNoFile) {

@@ -1,13 +1,13 @@
 // The lock that keeps two writers of one job file apart.
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 #include <atomic>
 #include <chrono>
 #include <thread>
 
 #include "tests/jobfile/JobFolder.h"
+#include "tests/jobfile/Processes.h"
 
 namespace orvane::test {
 namespace {
@@ -108,6 +108,12 @@ TEST_F(JobFileLock, TheQueueIsInTheOrderOfPlaces) {
   EXPECT_TRUE(first.tryLockInTurn(kNumber, early));
   first.unlock(kNumber);
   EXPECT_TRUE(second.tryLockInTurn(kNumber, late));
+}
+
+TEST_F(JobFileLock, TheFirstPlaceOfAllIsFirstInTurn) {
+  LockFile file(folder_ + "/");
+  LockFile::Place first{0};
+  EXPECT_TRUE(file.tryLockInTurn(kNumber, first));
 }
 
 TEST_F(JobFileLock, APlaceIsHeldUntilItIsLeft) {
@@ -214,6 +220,49 @@ TEST_F(JobFileLock, IsOpenToWhoeverMayWriteInTheFolder) {
   EXPECT_EQ(state.st_mode & 0777, 0660u);
 }
 
+// Job files of one folder that a thread has opened share its lock file; one of them may then be handed to
+// another thread.
+TEST_F(JobFileLock, ThreadsWithOneLockFileTakeTurns) {
+  FolderLock folder(folder_ + "/");
+  folder.lock(1);
+  std::atomic<bool> had = false;
+  std::thread other([&] {
+    folder.lock(2);
+    had = true;
+    folder.unlock(2);
+  });
+  std::this_thread::sleep_for(50ms);
+  EXPECT_FALSE(had);
+  folder.unlock(1);
+  other.join();
+  EXPECT_TRUE(had);
+}
+
+// Whose lock file is of another device, as that of a folder that leads elsewhere now.
+TEST_F(JobFileLock, IsThatOfTheFolderAsItIsNow) {
+  if (!std::filesystem::exists("/dev/shm")) GTEST_SKIP() << "there is no second device here";
+  std::string elsewhere = "/dev/shm/orvane-XXXXXX";
+  ASSERT_TRUE(::mkdtemp(elsewhere.data()));
+  std::filesystem::create_directory(path("here"));
+  std::filesystem::create_symlink(path("here"), path("jobs"));
+  JobFile file(published(u"jobs\\job.vqs"));
+  file.write(u"A", u"k", u"1");
+  std::filesystem::remove(path("jobs"));
+  std::filesystem::create_symlink(elsewhere, path("jobs"));
+  const Outsider other(elsewhere, kNumber);
+  ASSERT_TRUE(other.lock());
+  std::atomic<bool> released = false;
+  std::thread holder([&] {
+    std::this_thread::sleep_for(100ms);
+    released = true;
+    other.unlock();
+  });
+  file.write(u"A", u"k", u"2");
+  EXPECT_TRUE(released);
+  holder.join();
+  std::filesystem::remove_all(elsewhere);
+}
+
 TEST_F(JobFileLock, AForkedChildDoesNotShareItsParentsLock) {
   JobFile file(published());
   file.write(u"A", u"k", u"0");
@@ -221,15 +270,9 @@ TEST_F(JobFileLock, AForkedChildDoesNotShareItsParentsLock) {
   const auto count = [&](TextView key) {
     for (int i = 1; i <= kWrites; ++i) file.write(u"A", key, fromUtf8(std::to_string(i)));
   };
-  const pid_t child = ::fork();
-  if (child == 0) {
-    count(u"child");
-    ::_exit(0);
-  }
+  const pid_t child = inChild([&] { return count(u"child"), true; });
   count(u"parent");
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
+  EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(readText(file, u"A", u"child"), u"300");
   EXPECT_EQ(readText(file, u"A", u"parent"), u"300");
 }

@@ -1,0 +1,203 @@
+// What the store does when single calls fail, and when other processes act between two of its calls.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <fstream>
+
+#include "core/SystemError.h"
+#include "tests/faults/InMemory.h"
+#include "tests/faults/SystemCalls.h"
+#include "tests/support/JobTest.h"
+
+namespace orvane::test {
+namespace {
+
+class Store : public testing::Test {
+ protected:
+  Store() { JobFile(name_).write(u"A", u"k", u"1"); }
+
+  std::string path(const char* name = "job.vqs") const { return folder_.native().string() + "/" + name; }
+  std::string lockFolder() const { return folder_.native().string() + "/"; }
+
+  Text valueNow() const { return readJobFile(name_).value(u"A", u"k"); }
+
+  // In place and of the same size, as a server does that knows nothing of the protocol.
+  void writeInPlace(char value) const {
+    std::fstream stream(path(), std::ios::in | std::ios::out | std::ios::binary);
+    stream.seekp(16);
+    stream.put(value);
+  }
+
+  mode_t mode() const {
+    struct stat state {};
+    ::stat(path().c_str(), &state);
+    return state.st_mode & 0777;
+  }
+
+  static int errorWith(const Fault& fault, const std::function<void()>& work) {
+    const SystemCalls calls(fault);
+    return errorOf(work);
+  }
+
+  InMemory inMemory_;
+  TemporaryFolder folder_;
+  const Text name_ = folder_.file(u"job.vqs");
+  const std::uint32_t number_ = lockNumberOf(u"job.vqs");
+};
+
+TEST_F(Store, ReadsAFileAgainThatWasCutMeanwhile) {
+  const SystemCalls calls({.at = 0, .code = kNothingDone, .name = "read"});
+  EXPECT_EQ(JobFile(name_).read(u"A", u"k"), TextView(u"1"));
+  EXPECT_GT(calls.count(), 1);
+}
+
+TEST_F(Store, ReadsAFileAgainThatWasChangedMeanwhile) {
+  const SystemCalls calls({.at = 0, .name = "read", .meanwhile = [&] { writeInPlace('7'); }});
+  JobFile file(name_);
+  EXPECT_EQ(file.read(u"A", u"k"), TextView(u"7"));
+  EXPECT_EQ(calls.count(), 2) << "the content of one reading may be of two moments";
+}
+
+TEST_F(Store, TakesAFileAsItIsThatNeverRests) {
+  JobFile file(name_);
+  EXPECT_EQ(errorWith({.at = 0, .code = kNothingDone, .onward = true, .name = "read"},
+                      [&] { EXPECT_EQ(file.read(u"A", u"k"), std::nullopt); }),
+            0);
+  EXPECT_EQ(file.read(u"A", u"k"), TextView(u"1"));
+}
+
+TEST_F(Store, OpensAFileAgainThatWasAwayForAMoment) {
+  const SystemCalls calls({.at = 0, .code = ENOENT, .name = "open"});
+  EXPECT_EQ(JobFile(name_).read(u"A", u"k"), TextView(u"1"));
+}
+
+TEST_F(Store, TakesAFileForMissingThatCannotBeOpenedThoughItHasAName) {
+  JobFile file(name_);
+  EXPECT_EQ(errorWith({.at = 0, .code = ENOENT, .onward = true, .name = "open"},
+                      [&] { EXPECT_EQ(file.read(u"A", u"k"), std::nullopt); }),
+            0);
+}
+
+TEST_F(Store, TakesAWriteThatWritesNothingForAFullDevice) {
+  const auto write = [&] { JobFile(name_).write(u"A", u"k", u"2"); };
+  EXPECT_EQ(errorWith({.at = 0, .code = kNothingDone, .name = "write"}, write), 61);
+  EXPECT_EQ(valueNow(), u"1");
+}
+
+TEST_F(Store, SaysWhyAKilledWritersTemporaryCannotBeRemoved) {
+  char name[32];
+  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", number_);
+  folder_.write(fromUtf8(name), "left by a killed writer");
+  const auto write = [&] { JobFile(name_).write(u"A", u"k", u"2"); };
+  EXPECT_EQ(errorWith({.at = 0, .code = EIO, .onward = true, .name = "unlink"}, write), 57);
+  EXPECT_EQ(valueNow(), u"1");
+}
+
+TEST_F(Store, GivesThePermissionsLaterWhereItCannotAtOnce) {
+  ::chmod(path().c_str(), 0666);
+  EXPECT_EQ(errorWith({.at = 0, .code = EPERM, .onward = true, .name = "fchmod"},
+                      [&] { JobFile(name_).write(u"A", u"k", u"2"); }),
+            0);
+  EXPECT_EQ(valueNow(), u"2");
+  EXPECT_EQ(mode(), 0666u);
+}
+
+TEST_F(Store, WritesWhereThePermissionsCannotBeKept) {
+  JobFile file(name_);
+  const mode_t mask = ::umask(0);
+  file.write(u"A", u"k", u"2");
+  ::chmod(path().c_str(), 0666);
+  file.write(u"A", u"k", u"3");
+  ::umask(0077);
+  EXPECT_EQ(errorWith({.at = 0, .code = EPERM, .name = "chmod"}, [&] { file.write(u"A", u"k", u"4"); }), 0);
+  ::umask(mask);
+  EXPECT_EQ(valueNow(), u"4");
+  EXPECT_EQ(mode(), 0600u);
+}
+
+class StoreOfOthers : public Store {
+ protected:
+  void SetUp() override {
+    if (::geteuid() != 0) GTEST_SKIP() << "giving files away needs root";
+    ASSERT_EQ(::chown(path().c_str(), 1234, 5678), 0);
+  }
+
+  std::pair<uid_t, gid_t> owner() const {
+    struct stat state {};
+    ::stat(path().c_str(), &state);
+    return {state.st_uid, state.st_gid};
+  }
+};
+
+TEST_F(StoreOfOthers, KeepsTheGroupWhereTheOwnerMayNotBeGiven) {
+  JobFile file(name_);
+  EXPECT_EQ(errorWith({.at = 0, .code = EPERM, .name = "fchown"}, [&] { file.write(u"A", u"k", u"2"); }), 0);
+  EXPECT_EQ(owner(), std::pair(uid_t{0}, gid_t{5678}));
+}
+
+TEST_F(StoreOfOthers, WritesWhereNeitherMayBeGiven) {
+  JobFile file(name_);
+  const Fault fault{.at = 0, .code = EPERM, .onward = true, .name = "fchown"};
+  EXPECT_EQ(errorWith(fault, [&] { file.write(u"A", u"k", u"2"); }), 0);
+  EXPECT_EQ(owner(), std::pair(uid_t{0}, gid_t{0}));
+  EXPECT_EQ(valueNow(), u"2");
+}
+
+TEST_F(Store, FlushesWhereFoldersHaveNoFlush) {
+  JobFile file(name_);
+  EXPECT_EQ(errorWith({.at = 1, .code = EINVAL, .name = "fsync"}, [&] { file.flush(); }), 0);
+  EXPECT_EQ(errorWith({.at = 1, .code = EIO, .name = "fsync"}, [&] { file.flush(); }), 57);
+}
+
+TEST_F(Store, FlushesEveryWriteOfFilesThatAreOpenAlready) {
+  ProfileAccess access;
+  const auto file = access.open(name_);
+  access.open(folder_.file(u"released.vqs"));
+  const auto flushesOfAWrite = [&](TextView value) {
+    const SystemCalls calls({.name = "fsync"});
+    file->write(u"A", u"k", value);
+    return calls.count();
+  };
+  EXPECT_EQ(flushesOfAWrite(u"2"), 0);
+  access.flushEveryWrite(true);
+  EXPECT_EQ(flushesOfAWrite(u"3"), 2) << "the file and its folder";
+  access.flushEveryWrite(false);
+  EXPECT_EQ(flushesOfAWrite(u"4"), 0);
+}
+
+TEST_F(Store, LocksInALockFileThatAnotherHasJustMade) {
+  std::filesystem::remove(path(".orvane.lock"));
+  JobFile file(name_);
+  const SystemCalls calls(
+      {.at = 1, .name = "open", .meanwhile = [&] { folder_.write(u".orvane.lock", ""); }});
+  EXPECT_EQ(errorOf([&] { file.write(u"A", u"k", u"2"); }), 0);
+  EXPECT_EQ(valueNow(), u"2");
+}
+
+TEST_F(Store, RaisesWhatHindersItInTheQueue) {
+  LockFile file(lockFolder());
+  LockFile::Place place{1000};
+  EXPECT_EQ(errorWith({.at = 1, .code = EIO, .name = "fcntl"}, [&] { file.tryLockInTurn(number_, place); }),
+            57);
+  file.leave(number_, place);
+  EXPECT_TRUE(LockFile(lockFolder()).tryLock(number_)) << "a place in the queue is kept";
+}
+
+TEST_F(Store, LeavesTheQueueEvenWhereThatFails) {
+  LockFile holder(lockFolder()), waiting(lockFolder()), newcomer(lockFolder());
+  ASSERT_TRUE(holder.tryLock(number_));
+  LockFile::Place place{1000};
+  ASSERT_FALSE(waiting.tryLockInTurn(number_, place));
+  EXPECT_EQ(errorWith({.at = 0, .code = EIO, .name = "fcntl"}, [&] { waiting.leave(number_, place); }), 0);
+  holder.unlock(number_);
+  EXPECT_TRUE(newcomer.tryLock(number_));
+}
+
+TEST(SystemErrors, OfTheStandardLibraryAreThoseOfTheSystem) {
+  EXPECT_EQ(errorNumberOf(std::error_code(ENOSPC, std::generic_category())), ErrorNumber::DiskFull);
+  EXPECT_EQ(errorNumberOf(std::error_code(ENOSPC, std::system_category())), ErrorNumber::DiskFull);
+}
+
+}  // namespace
+}  // namespace orvane::test
