@@ -1,4 +1,5 @@
 // Writers killed at random moments leave the old file or the new one, and nothing else in the way.
+#include <algorithm>
 #include <chrono>
 #include <random>
 #include <thread>
@@ -95,9 +96,9 @@ class Writers {
 
 class JobFileKill : public MeetingFolder {
  protected:
+  // Some writes long, however long a write takes on this file system.
   void live() {
-    std::this_thread::sleep_for(
-        std::chrono::microseconds(std::uniform_int_distribution(200, 2'500)(random_)));
+    std::this_thread::sleep_for(std::uniform_real_distribution(0.1, 1.0)(random_) * longestLife_);
   }
 
   bool isLocked() const { return !LockFile(folder_ + "/").tryLock(lockNumberOf(u"job.vqs")); }
@@ -113,6 +114,20 @@ class JobFileKill : public MeetingFolder {
   }
 
   const int trials_ = kTrials * soakFactor();
+
+ private:
+  using Life = std::chrono::duration<double>;
+
+  Life lifeOfTenWrites() const {
+    JobFile file(published());
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < 10; ++i) file.write(u"A", u"next", number(i));
+    return std::chrono::steady_clock::now() - begin;
+  }
+
+  const Life longestLife_ = std::max<Life>(std::chrono::microseconds(2'500), lifeOfTenWrites());
+
+ protected:
   std::mt19937 random_{3};
 };
 
