@@ -1,0 +1,23 @@
+# Writes files.nsh beside the files of the installer: the macros FILES_IN, which installs each of them by name, and
+# FILES_OUT, which takes away the same and nothing else.
+set(in "")
+set(out "")
+set(folders "")
+foreach(file IN LISTS files)
+  cmake_path(GET file PARENT_PATH folder)
+  string(REPLACE / \\ folder "${folder}")
+  string(REPLACE / \\ name "${file}")
+  if(NOT folder IN_LIST folders)
+    list(APPEND folders "${folder}")
+    string(APPEND in "  SetOutPath \"$INSTDIR\\${folder}\"\n")
+  endif()
+  string(APPEND in "  File \"${CPACK_TEMPORARY_DIRECTORY}/${file}\"\n")
+  string(APPEND out "  !insertmacro RemoveFile \"$INSTDIR\\${name}\"\n")
+endforeach()
+list(SORT folders ORDER DESCENDING)
+list(REMOVE_ITEM folders "")
+foreach(folder IN LISTS folders)
+  string(APPEND out "  RMDir \"$INSTDIR\\${folder}\"\n")
+endforeach()
+file(WRITE ${CPACK_TOPLEVEL_DIRECTORY}/files.nsh
+  "!macro FILES_IN\n${in}!macroend\n\n!macro FILES_OUT\n${out}!macroend\n")
