@@ -1,7 +1,6 @@
 # What CPack has put together for a package, made the same whoever puts it together and when.
 cmake_policy(VERSION 3.25)
 
-# Absolute paths are not wanted, and the order is the same everywhere.
 file(GLOB_RECURSE files LIST_DIRECTORIES false RELATIVE ${CPACK_TEMPORARY_DIRECTORY} ${CPACK_TEMPORARY_DIRECTORY}/*)
 list(SORT files)
 
