@@ -28,6 +28,8 @@ AUTOMATION = {
     "identity.cpp": emit_registration.identities,
     "x86.manifest": emit_registration.manifest("x86"),
     "amd64.manifest": emit_registration.manifest("amd64"),
+    "client.x86.manifest": emit_registration.client_manifest("x86"),
+    "client.amd64.manifest": emit_registration.client_manifest("amd64"),
 }
 
 
