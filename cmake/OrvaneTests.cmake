@@ -51,7 +51,7 @@ endfunction()
 # orvane_python_test(<name> <file>) registers a unittest file of the calling folder as python.<name>.
 function(orvane_python_test name file)
   add_test(NAME python.${name}
-    COMMAND Python3::Interpreter -B -m unittest discover -s ${CMAKE_CURRENT_SOURCE_DIR} -p ${file}
+    COMMAND ${Python3_EXECUTABLE} -B -m unittest discover -s ${CMAKE_CURRENT_SOURCE_DIR} -p ${file}
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
 endfunction()
 
