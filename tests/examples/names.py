@@ -21,12 +21,10 @@ class Names:
     """What the variables of a piece of code are: each the set of classes that it may be of."""
 
     def __init__(self, library, known):
-        self.members = {coclass.name: {} for coclass in library.coclasses}
-        for coclass in library.coclasses:
-            for member in coclass.members:
-                self.members[coclass.name].setdefault(member.name, member.result)
-                if member.result.kind != "None":
-                    self.members[coclass.name][member.name] = member.result
+        # Of the accessors of a property the one that gives a result says what it is.
+        self.members = {coclass.name: {member.name: member.result for member in
+                                       sorted(coclass.members, key=lambda member: member.result.kind != "None")}
+                        for coclass in library.coclasses}
         self.known = {name.lower(): classes for name, classes in known.items()}
         self.enumerations = {described.name: {member.name for member in described.members}
                              for described in library.enumerations}
@@ -44,9 +42,11 @@ class Names:
                 self.known[match[1].lower()] = classes
 
     def step(self, classes, name):
-        """What a member of that name gives; None where no class has one. Automation knows no upper and lower case."""
+        """What a member of that name gives; None where no class has one. Automation knows no upper and lower case, and
+        C# spells the accessors of a property with an index as methods."""
+        name = re.sub(r"^[gs]et_", "", name).lower()
         results = [result for owner in classes for member, result in self.members[owner].items()
-                   if member.lower() == name.lower()]
+                   if member.lower() == name]
         if not results:
             return None
         if any(result.kind == "Object" for result in results):
@@ -81,7 +81,7 @@ class Names:
 
 def without_texts(code):
     """The code without comments and without texts, but for what is computed inside texts."""
-    code = re.sub(r"^\s*(?:'|//|#).*$|(?:\s//|\s'|\s#) .*$", "", code, flags=re.MULTILINE)
+    code = re.sub(r"^\s*(?:'[^'\n]*|//.*|#.*)$|(?:\s//|\s'|\s#) .*$", "", code, flags=re.MULTILINE)
     code = re.sub(r"\$?\"(?:[^\"\n]*)\"", lambda match: computed(match[0]), code)
     return re.sub(r"'[^'\n]*'", '""', code)
 

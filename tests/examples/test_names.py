@@ -1,5 +1,5 @@
 """Late-bound code that nothing here runs or compiles names only what the interface has: the PowerShell and the late-bound
-C# example, and the scripts and the C# on the pages."""
+C# example, and what the pages have of such code."""
 
 import pathlib
 import re
@@ -14,8 +14,8 @@ import names  # noqa: E402
 
 LIBRARY = idl.read_file(ROOT / "typelib/OrvaneDocumenti.idl")
 # What the variables are that an excerpt or a procedure takes from elsewhere.
-PAGE_VARIABLES = {"fabbrica": {"VqDocumenti"}, "stampa": {"VqDocStampa"}, "email": {"VqDocEmail"},
-                  "anteprima": {"VqDocAnteprima"}, "errore": set()}
+PAGE_VARIABLES = {"fabbrica": {"VqDocumenti"}, "stampa": {"VqDocStampa"}, "email": {"VqDocEmail"}, "fax": {"VqDocFax"},
+                  "anteprima": {"VqDocAnteprima"}, "errore": set(), "Document": names.DOCUMENTS}
 EXAMPLES = {"compose.ps1": {"Document": names.DOCUMENTS, "failure": set()},
             "LateBound.cs": {"error": set()}}
 
@@ -23,7 +23,7 @@ EXAMPLES = {"compose.ps1": {"Document": names.DOCUMENTS, "failure": set()},
 def excerpts():
     """Page and code of each excerpt in a language that binds late, or that could."""
     for page in [*sorted(ROOT.glob("docs/guide/*.md")), *sorted(ROOT.glob("README*.md"))]:
-        for code in re.findall(r"^```(?:vb|csharp|js|python|powershell|pascal|delphi)\n(.*?)^```$",
+        for code in re.findall(r"^```(?:vb|csharp|powershell)\n(.*?)^```$",
                                page.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL):
             yield page.name, code
 
@@ -34,6 +34,15 @@ class Checked(unittest.TestCase):
             code = (ROOT / "examples" / file).read_text(encoding="utf-8")
             self.assertGreater(names.count(code), 10, file)
             self.assertEqual([], names.faults(code, LIBRARY, known), file)
+
+    def test_no_name_of_the_examples_escapes(self):
+        published = {member.name for coclass in LIBRARY.coclasses for member in coclass.members}
+        for file, known in EXAMPLES.items():
+            code = (ROOT / "examples" / file).read_text(encoding="utf-8")
+            named = [match for match in re.finditer(r"(?<=\.)[A-Z]\w+", code) if match[0] in published]
+            for match in named:
+                wrong = code[:match.end()] + "Q" + code[match.end():]
+                self.assertNotEqual([], names.faults(wrong, LIBRARY, known), f"{file}, {match[0]} at {match.start()}")
 
     def test_pages_name_what_there_is(self):
         found = list(excerpts())

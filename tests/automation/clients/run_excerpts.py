@@ -51,11 +51,12 @@ def fault(command, code):
 
 def main():
     command, found = sys.argv[1:], list(excerpts())
-    wrong = [(page, code) for page, code in found if fault(command, code)]
-    for page, code in wrong:
-        print(f"{page}:\n{code}does not run to its end")
     if not fault(command, "fabbrica.Nessuno\n"):
         sys.exit("a wrong excerpt is not noticed")
+    outcomes = [(page, code, fault(command, code)) for page, code in found]
+    wrong = [outcome for outcome in outcomes if outcome[2]]
+    for page, code, what in wrong:
+        print(f"{page}:\n{code}does not run to its end: {what}")
     print(f"{len(found) - len(wrong)} of {len(found)} excerpts ran")
     return 1 if wrong or not found else 0
 
