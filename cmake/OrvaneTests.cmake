@@ -57,6 +57,7 @@ endfunction()
 
 # orvane_skipped_test(<name> <reason>) registers what cannot be tested here, so that ctest reports it as skipped.
 function(orvane_skipped_test name reason)
+  message(STATUS "Skipping the test ${name}: ${reason}")
   add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "skipped: ${reason}")
   set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION "^skipped: ")
 endfunction()
