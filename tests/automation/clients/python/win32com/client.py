@@ -1,8 +1,8 @@
 """A stand-in for pywin32's module: objects of the automation server, through a program that runs beside it.
 
-ORVANE_BRIDGE is the command of that program, ORVANE_IDL the description of the interfaces, which tells what is a
-property and what is called, as the type library does for pywin32: a property with an index is called by its name to read
-and by Set and its name to write. Arguments that the server may change come not back.
+ORVANE_BRIDGE is that program and ORVANE_RUNNER what starts it. ORVANE_IDL is the description of the interfaces, which
+tells what is a property and what is called, as the type library does for pywin32: a property with an index is called by
+its name to read and by Set and its name to write. Arguments that the server may change do not come back.
 """
 
 import os
@@ -24,8 +24,8 @@ def _members():
 
 
 _MEMBERS = _members()
-_BRIDGE = subprocess.Popen(os.environ["ORVANE_BRIDGE"].split(), stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                           encoding="utf-8")
+_BRIDGE = subprocess.Popen([os.environ["ORVANE_RUNNER"], os.environ["ORVANE_BRIDGE"]], stdin=subprocess.PIPE,
+                           stdout=subprocess.PIPE, encoding="utf-8")
 
 
 def _ask(*fields):
