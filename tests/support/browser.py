@@ -75,7 +75,9 @@ class Browser:
 
     def open(self, path):
         """Opens a file and waits until it is loaded, scripts included."""
-        self._send("Page.navigate", url=pathlib.Path(path).resolve().as_uri())
+        answer = self._send("Page.navigate", url=pathlib.Path(path).resolve().as_uri())
+        if "errorText" in answer:
+            raise RuntimeError(f"{path}: {answer['errorText']}")
         self._wait(lambda event: event.get("method") == "Page.loadEventFired")
 
     def window(self, width, height, phone=False):
