@@ -15,6 +15,8 @@ sys.path.insert(0, str(ROOT / "tests/support"))
 
 import browser  # noqa: E402
 
+browser.needed()
+
 EVIL = "<script>document.title = 'hit'</script><img src=x onerror=\"document.title = 'hit'\"> & ' è </pre>"
 ENDLESS = "W" * 250
 CHANNELS = {"stampa": "CodaStampa", "fax": "CodaFax", "pfax": "CodaPFax", "email": "CodaEmail", "pbl": "CodaPbl",
@@ -54,7 +56,6 @@ def contrast(colours):
     return (light + 0.05) / (dark + 0.05)
 
 
-@unittest.skipUnless(browser.PROGRAM, browser.MISSING)
 class PageTest(CommandLineTest):
     @classmethod
     def setUpClass(cls):

@@ -8,10 +8,18 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
+import unittest
 
 PROGRAM = shutil.which("chromium") or shutil.which("google-chrome")
 MISSING = "no browser: scripts/install-tools native installs chromium"
 _READS, _WRITES = 3, 4  # the numbers of its pipes, which the browser prescribes
+
+
+def needed():
+    """Skips the file of tests that calls it where there is no browser; ctest knows that by what is printed."""
+    if not PROGRAM:
+        print(f"Skipped: {MISSING}")
+        raise unittest.SkipTest(MISSING)
 
 
 class Browser:
@@ -22,13 +30,20 @@ class Browser:
         try:
             self._start()
         except BaseException:
-            self._folder.cleanup()
+            self._end()
             raise
         return self
 
     def __exit__(self, *_):
-        self._send("Browser.close", of_page=False)
-        self._process.wait(timeout=60)
+        try:
+            self._send("Browser.close", of_page=False)
+            self._process.wait(timeout=60)
+        finally:
+            self._end()
+
+    def _end(self):
+        self._process.kill()
+        self._process.wait()
         self._commands.close()
         self._answers.close()
         self._folder.cleanup()
