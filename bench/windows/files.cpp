@@ -43,21 +43,26 @@ void replaceRaw(const std::wstring& path, const std::string& bytes) {
   require(MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING), "the file replaced");
 }
 
-Ptr<_VqDocFax> newFax(const std::wstring& folder) {
+Ptr<_VqDocumenti> newFactory() {
   Ptr<IClassFactory> classes;
   Ptr<_VqDocumenti> factory;
-  Ptr<_VqDocFax> fax;
-  Ptr<_VqDocAllegati> attachments;
   require(Server::classObject(__uuidof(VqDocumenti), IID_IClassFactory, classes.outVoid()) == S_OK,
           "a server");
   classes->CreateInstance(nullptr, __uuidof(_VqDocumenti), factory.outVoid());
+  return factory;
+}
+
+Ptr<_VqDocFax> newFax(_VqDocumenti* factory, const std::wstring& folder) {
+  Ptr<_VqDocFax> fax;
+  Ptr<_VqDocAllegati> attachments;
   factory->NuovoDocumentoFax(fax.out());
   require(fax->Inizializza(Bstr(L"1"), Bstr(folder), VARIANT_FALSE) == S_OK, "the fax is bound");
   fax->get_Allegati(attachments.out());
   for (int i = 0; i < kAttachments; ++i) {
     const std::wstring name = L"allegato" + std::to_wstring(i) + L".pdf";
     VARIANT_BOOL added = VARIANT_FALSE;
-    attachments->Add(Bstr(L"C:\\Documenti"), Bstr(name), &added);
+    Bstr file(name);
+    attachments->Add(Bstr(L"C:\\Documenti"), file.out(), &added);
   }
   require(attachments->Salva() == S_OK, "the attachments are saved");
   return fax;
@@ -81,7 +86,8 @@ std::wstring profileText(const std::wstring& path, const wchar_t* section, const
 }
 
 void measureAll(const std::wstring& folder) {
-  Ptr<_VqDocFax> fax = newFax(folder);
+  const Ptr<_VqDocumenti> factory = newFactory();  // the documents need it as long as they are used
+  const Ptr<_VqDocFax> fax = newFax(factory.get(), folder);
   Ptr<_VqDocCodaFax> queue;
   fax->get_Coda(queue.out());
   const std::wstring job = folder + L"\\1.vqf", raw = folder + L"\\raw", profile = folder + L"\\profile.ini";
@@ -118,4 +124,5 @@ int wmain(int count, wchar_t** arguments) {
   CoInitialize(nullptr);
   measureAll(count > 1 ? arguments[1] : newFolder());
   CoUninitialize();
+  return 0;
 }
