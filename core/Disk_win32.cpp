@@ -208,7 +208,8 @@ void DiskFile::removeTemporary() const noexcept try {
 } catch (const std::bad_alloc&) {
 }
 
-void DiskFile::flush() const {
+void DiskFile::flush() {
+  settle();
   const Handle file(widePath(path_), GENERIC_WRITE, kShareAll, OPEN_EXISTING);
   if (!file.isOpen() && isMissing(GetLastError())) return;
   if (!file.isOpen() || !FlushFileBuffers(file.get())) raiseLastSystemError();
