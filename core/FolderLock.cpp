@@ -71,6 +71,19 @@ bool LockFile::tryLock(std::uint32_t number) {
   return takeAll(number) && keepPresent(give(queueOf(number), kPlaces));
 }
 
+// Windows, and servers of its protocol, give a range back only as it was taken: the queue is one by itself.
+bool LockFile::takeAll(std::uint32_t number) {
+  if (!take(queueOf(number), kPlaces)) return false;
+  try {
+    if (take(writerOf(number), 1)) return true;
+  } catch (...) {
+    close();
+    throw;
+  }
+  if (!give(queueOf(number), kPlaces)) close();
+  return false;
+}
+
 bool LockFile::tryLockInTurn(std::uint32_t number, Place& place) {
   open();
   place.taken = place.taken || take(queueOf(number) + place.at, 1);

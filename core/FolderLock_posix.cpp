@@ -79,8 +79,6 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-bool LockFile::takeAll(std::uint32_t number) { return take(queueOf(number), kBytes); }
-
 bool LockFile::take(std::uint64_t offset, std::uint64_t length) {
   struct flock range = rangeOf(F_WRLCK, offset, length);
   if (control(handle_, F_OFD_SETLK, range) == 0) return true;

@@ -44,19 +44,6 @@ void LockFile::close() noexcept {
   handle_ = kClosed;
 }
 
-// A range can be given back only as it was taken, so the queue is taken by itself.
-bool LockFile::takeAll(std::uint32_t number) {
-  if (!take(queueOf(number), kPlaces)) return false;
-  try {
-    if (take(writerOf(number), 1)) return true;
-  } catch (...) {
-    close();
-    throw;
-  }
-  if (!give(queueOf(number), kPlaces)) close();
-  return false;
-}
-
 bool LockFile::take(std::uint64_t offset, std::uint64_t length) {
   return lockRange(asHandle(handle_), LOCKFILE_EXCLUSIVE_LOCK, offset, length);
 }

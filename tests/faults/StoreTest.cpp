@@ -1,9 +1,11 @@
 // What the store does when single calls fail, and when other processes act between two of its calls.
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <fstream>
+#include <set>
 
 #include "core/SystemError.h"
 #include "tests/faults/InMemory.h"
@@ -173,6 +175,43 @@ TEST_F(Store, LocksInALockFileThatAnotherHasJustMade) {
       {.at = 1, .name = "open", .meanwhile = [&] { folder_.write(u".orvane.lock", ""); }});
   EXPECT_EQ(errorOf([&] { file.write(u"A", u"k", u"2"); }), 0);
   EXPECT_EQ(valueNow(), u"2");
+}
+
+TEST_F(Store, KeepsNothingOfTheQueueWhereTheWritersByteIsRefused) {
+  LockFile holder(lockFolder()), newcomer(lockFolder()), other(lockFolder());
+  ASSERT_TRUE(holder.tryLock(number_));
+  EXPECT_FALSE(newcomer.tryLock(number_));
+  EXPECT_EQ(errorWith({.at = 2, .code = EIO, .name = "fcntl"}, [&] { newcomer.tryLock(number_); }), 0);
+  holder.unlock(number_);
+  EXPECT_TRUE(other.tryLock(number_));
+}
+
+TEST_F(Store, KeepsNothingOfTheQueueWhereTheWritersByteFails) {
+  LockFile file(lockFolder());
+  EXPECT_EQ(errorWith({.at = 1, .code = EIO, .name = "fcntl"}, [&] { file.tryLock(number_); }), 57);
+  EXPECT_TRUE(LockFile(lockFolder()).tryLock(number_));
+}
+
+// Ranges are given back as they were taken, which is all that servers of SMB understand.
+TEST_F(Store, TakesAndGivesBackEqualRanges) {
+  LockFile file(lockFolder());
+  const SystemCalls calls;
+  ASSERT_TRUE(file.tryLock(number_));
+  file.unlock(number_);
+  LockFile::Place place{1000};
+  ASSERT_TRUE(file.tryLockInTurn(number_, place));
+  file.unlock(number_);
+  std::multiset<std::pair<off_t, off_t>> taken;
+  for (const LockEvent& event : calls.locks()) {
+    if (event.type == F_WRLCK) {
+      taken.insert({event.at, event.length});
+    } else {
+      const auto range = taken.find({event.at, event.length});
+      ASSERT_NE(range, taken.end()) << event.at << ", " << event.length;
+      taken.erase(range);
+    }
+  }
+  EXPECT_TRUE(taken.empty());
 }
 
 TEST_F(Store, RaisesWhatHindersItInTheQueue) {

@@ -23,6 +23,7 @@ struct State {
   int calls = 0;
   const char* firstFailed = "";
   std::vector<DiskEvent> events;
+  std::vector<LockEvent> locks;
 };
 
 thread_local State* active = nullptr;
@@ -104,6 +105,7 @@ SystemCalls::~SystemCalls() {
 int SystemCalls::count() const { return active->calls; }
 const char* SystemCalls::firstFailed() const { return active->firstFailed; }
 const std::vector<DiskEvent>& SystemCalls::events() const { return active->events; }
+const std::vector<LockEvent>& SystemCalls::locks() const { return active->locks; }
 
 }  // namespace orvane::test
 
@@ -215,7 +217,13 @@ int fcntl(int file, int command, ...) {
   va_start(arguments, command);
   void* const argument = va_arg(arguments, void*);
   va_end(arguments);
-  return fails("fcntl") ? -1 : real(file, command, argument);
+  if (fails("fcntl")) return -1;
+  const int result = real(file, command, argument);
+  if (active && result == 0 && command == F_OFD_SETLK) {
+    const auto& range = *static_cast<struct flock*>(argument);
+    active->locks.push_back({range.l_type, range.l_start, range.l_len});
+  }
+  return result;
 }
 
 int fchmod(int file, mode_t mode) {

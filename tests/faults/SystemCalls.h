@@ -32,6 +32,12 @@ struct DiskEvent {
   std::string path, target, data;
 };
 
+/// A range of bytes that was locked or given back.
+struct LockEvent {
+  short type;
+  off_t at, length;
+};
+
 /// Stands between this thread and the operating system while it lives. Time spent asleep is skipped: the
 /// monotonic clock runs on as if it had passed.
 class SystemCalls {
@@ -44,6 +50,7 @@ class SystemCalls {
   int count() const;                ///< calls so far, of the fault's name
   const char* firstFailed() const;  ///< name of the call that failed first; empty where none did
   const std::vector<DiskEvent>& events() const;
+  const std::vector<LockEvent>& locks() const;
 };
 
 }  // namespace orvane::test
