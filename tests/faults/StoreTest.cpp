@@ -81,6 +81,11 @@ TEST_F(Store, TakesAFileForMissingThatCannotBeOpenedThoughItHasAName) {
             0);
 }
 
+TEST_F(Store, TakesNoNameForMissingThatCannotBeLookedAt) {
+  const auto write = [&] { JobFile(folder_.file(Text(300, u'x'))).write(u"A", u"k", u"2"); };
+  EXPECT_EQ(errorWith({.at = 0, .code = ENOENT, .name = "readlink"}, write), 52);
+}
+
 TEST_F(Store, TakesAWriteThatWritesNothingForAFullDevice) {
   const auto write = [&] { JobFile(name_).write(u"A", u"k", u"2"); };
   EXPECT_EQ(errorWith({.at = 0, .code = kNothingDone, .name = "write"}, write), 61);

@@ -231,6 +231,13 @@ TEST_F(JobFileErrors, ALinkToNothingGetsItsTarget) {
   EXPECT_EQ(bytes("target.vqs"), kOld);
 }
 
+TEST_F(JobFileErrors, ALinkToAFolderBySeparatorIsError52) {
+  std::filesystem::create_directory(path("real"));
+  std::filesystem::create_symlink("real/", path());
+  EXPECT_EQ(writeError(), 52);
+  EXPECT_EQ(readError(), 75);
+}
+
 TEST_F(JobFileErrors, LinksInACircleAreError75) {
   std::filesystem::create_symlink("b.vqs", path("a.vqs"));
   std::filesystem::create_symlink("a.vqs", path("b.vqs"));

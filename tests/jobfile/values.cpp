@@ -49,6 +49,8 @@ constexpr Stored kStored[] = {
     {"EscapeSignAndDigits", u"\u241B0041"sv, u"\u241B241B0041"sv},
     {"NoBreakSpace", u"\u00A0a"sv, u"\"\u00A0a\""sv},
     {"MongolianSeparator", u"\u180Ea"sv, u"\"\u180Ea\""sv},
+    {"NextLineFirst", u"\u0085a"sv, u"\"\u0085a\""sv},
+    {"EmSpaceLast", u"a\u2003"sv, u"\"a\u2003\""sv},
     {"LineSeparatorFirst", u"\u2028a"sv, u"\"\u2028a\""sv},
     {"ParagraphSeparatorLast", u"a\u2029"sv, u"\"a\u2029\""sv},
     {"Semicolon", u";a"sv, u";a"sv},
