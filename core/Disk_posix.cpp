@@ -57,6 +57,11 @@ struct stat regular(const struct stat& state) {
   return state;
 }
 
+bool raiseUnlessStale() {
+  if (errno != ESTALE) raiseLastSystemError();
+  return false;
+}
+
 // An open file, closed in the end.
 class Handle {
  public:
@@ -71,10 +76,12 @@ class Handle {
   bool isOpen() const { return file_ >= 0; }
   int get() const { return file_; }
 
-  Stamp stamp() const {
+  // False where another machine has replaced the file and it is gone from the server.
+  bool tryStamp(Stamp& stamp) const {
     struct stat state {};
-    if (::fstat(file_, &state) != 0) raiseLastSystemError();
-    return stampOf(regular(state));
+    if (::fstat(file_, &state) != 0) return raiseUnlessStale();
+    stamp = stampOf(regular(state));
+    return true;
   }
 
   // Interrupted or not, the handle is gone; anything else may be a write that the device refused late.
@@ -88,16 +95,19 @@ class Handle {
   int file_;
 };
 
-void readAll(const Handle& file, std::string& bytes) {
+// The same.
+bool readAll(const Handle& file, std::string& bytes, std::size_t size) {
+  bytes.resize(size);
   std::size_t done = 0;
   while (done < bytes.size()) {
     const auto got =
         retryInterrupted([&] { return ::read(file.get(), bytes.data() + done, bytes.size() - done); });
-    if (got < 0) raiseLastSystemError();
+    if (got < 0) return raiseUnlessStale();
     if (got == 0) break;
     done += static_cast<std::size_t>(got);
   }
   bytes.resize(done);
+  return true;
 }
 
 void writeAll(const Handle& file, std::string_view bytes) {
@@ -186,18 +196,20 @@ Stamp DiskFile::read(std::string& bytes) const {
   for (Patience patience(kLongestRace);;) {
     const Handle file(path_, O_RDONLY | O_NONBLOCK);
     bytes.clear();
-    if (!file.isOpen() && !isMissing(errno)) raiseLastSystemError();
     if (!file.isOpen()) {
+      if (!isMissing(errno)) raiseUnlessStale();
       // A file taken for missing would be written anew without its values: two calls must agree.
-      if (!stamp().exists || !patience.wait()) return {};
+      if (!stamp().exists) return {};
+      if (!patience.wait()) raiseErrno(ESTALE);
       continue;
     }
-    const Stamp before = file.stamp();
-    bytes.resize(before.size);
-    readAll(file, bytes);
-    const Stamp after = file.stamp();
-    const bool whole = bytes.size() == after.size && before.modified == after.modified;
-    if (whole || !patience.wait()) return before;
+    Stamp before, after;
+    const bool all = file.tryStamp(before) && readAll(file, bytes, before.size) && file.tryStamp(after);
+    const bool whole = all && bytes.size() == after.size && before.modified == after.modified;
+    if (whole) return before;
+    if (patience.wait()) continue;
+    if (!all) raiseErrno(ESTALE);
+    return before;
   }
 }
 

@@ -74,11 +74,32 @@ TEST_F(Store, OpensAFileAgainThatWasAwayForAMoment) {
   EXPECT_EQ(JobFile(name_).read(u"A", u"k"), TextView(u"1"));
 }
 
-TEST_F(Store, TakesAFileForMissingThatCannotBeOpenedThoughItHasAName) {
+// What NFS tells of a file that another machine has replaced.
+TEST_F(Store, ReadsAFileAgainThatWasReplacedElsewhere) {
+  for (const char* call : {"open", "fstat", "read"}) {
+    const SystemCalls calls({.at = 0, .code = ESTALE, .name = call});
+    EXPECT_EQ(JobFile(name_).read(u"A", u"k"), TextView(u"1")) << call;
+    EXPECT_GT(calls.count(), 1) << call;
+  }
   JobFile file(name_);
-  EXPECT_EQ(errorWith({.at = 0, .code = ENOENT, .onward = true, .name = "open"},
-                      [&] { EXPECT_EQ(file.read(u"A", u"k"), std::nullopt); }),
+  EXPECT_EQ(errorWith({.at = 1, .code = ESTALE, .name = "fstat"},
+                      [&] { EXPECT_EQ(file.read(u"A", u"k"), TextView(u"1")); }),
             0);
+}
+
+TEST_F(Store, GivesUpAFileThatIsReplacedElsewhereForEver) {
+  JobFile file(name_);
+  EXPECT_EQ(
+      errorWith({.at = 0, .code = ESTALE, .onward = true, .name = "read"}, [&] { file.read(u"A", u"k"); }),
+      75);
+}
+
+TEST_F(Store, NeverTakesAFileForMissingThatHasAName) {
+  JobFile file(name_);
+  for (const int code : {ENOENT, ESTALE}) {
+    const Fault fault{.at = 0, .code = code, .onward = true, .name = "open"};
+    EXPECT_EQ(errorWith(fault, [&] { file.read(u"A", u"k"); }), 75) << code;
+  }
 }
 
 TEST_F(Store, TakesNoNameForMissingThatCannotBeLookedAt) {
