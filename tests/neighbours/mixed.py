@@ -81,7 +81,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--native", required=True, nargs="+", help="the first that exists is taken")
     parser.add_argument("--windows", nargs=3, metavar=("PROGRAM", "RUNNER", "READER"))
-    parser.add_argument("--count", type=int, default=500)
+    parser.add_argument("--count", type=int, default=1000)
     arguments = parser.parse_args()
     there = [path for path in arguments.native if pathlib.Path(path).exists()]
     if not there:
