@@ -7,7 +7,7 @@ start_wine() {
   export WINEPREFIX=$PWD/build/wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="winemenubuilder.exe="
   unset DISPLAY
   mkdir -p "$WINEPREFIX"
-  wine_server -p
+  wine_server -p || true  # one may be running already
   timeout 300 wine wineboot --init
 }
 
