@@ -11,6 +11,7 @@ namespace neighbours {
 namespace {
 
 constexpr DWORD kLongest = 20'000;
+constexpr DWORD kRest = 30;  // longer than the system's coarsest sleep, so that who waits gets his turn
 
 orvane::Text textOf(const std::wstring& text) { return {text.begin(), text.end()}; }
 
@@ -34,7 +35,7 @@ int write(Board& board, const std::wstring& path, int from) {
   return 0;
 }
 
-// Holds the file open without sharing, again and again.
+// Holds the file open without sharing, again and again, with a short rest between.
 int hold(Board& board, const std::wstring& path, int shortest, int longest) {
   std::mt19937 random(7);
   std::uniform_int_distribution<DWORD> time(static_cast<DWORD>(shortest), static_cast<DWORD>(longest));
@@ -46,7 +47,7 @@ int hold(Board& board, const std::wstring& path, int shortest, int longest) {
       Sleep(time(random));
       CloseHandle(file);
     }
-    Sleep(1);
+    Sleep(kRest);
   }
   return 0;
 }
