@@ -132,11 +132,14 @@ std::int64_t timeOfChange(const Stamp& old) {
       {nanoseconds(preciseTime()), nanoseconds(tick) + kFileTimeUnit, old.modified + kFileTimeUnit});
 }
 
-// A device's name leads out of the folder; what the system says of too long a name depends on its version.
+// A device's name leads out of the folder, one with a colon to another stream of a file, and what the system
+// says of too long a name depends on its version.
 std::string DiskFile::targetOf(std::string path) {
+  const Text name = fromUtf8(path.substr(folderLength(path)));
   const bool device = path.starts_with("\\\\.\\");
-  const bool tooLong = fromUtf8(path.substr(folderLength(path))).size() > kLongestName;
-  if (device || tooLong) throw Error(ErrorNumber::BadFileName);
+  if (device || name.find(u':') != Text::npos || name.size() > kLongestName) {
+    throw Error(ErrorNumber::BadFileName);
+  }
   return path;
 }
 
