@@ -1,5 +1,7 @@
 // What grows with what is there: reading a folder of pages, making one more job in a folder of jobs, loading
 // a list of attachments.
+#include <unistd.h>
+
 #include "bench/Bench.h"
 
 namespace orvane::bench {
@@ -31,6 +33,7 @@ void addJobsThere(int count) {
     const VqDocumenti factory;
     const Folder folder(Place::Disk);
     for (int i = 0; i < count; ++i) writeFile(folder.path("lavoro" + std::to_string(i) + ".vqf"), "\xFF\xFE");
+    ::sync();                                      // what is made now need not wait for what was made before
     std::vector<std::shared_ptr<VqDocFax>> faxes;  // released in the end: what counts is the making
     Watch watch(state);
     for (auto _ : state) {
@@ -38,7 +41,7 @@ void addJobsThere(int count) {
       const Text id = u"nuovo" + number(static_cast<int>(faxes.size()));
       watch.time([&] { faxes.back()->Inizializza(id, folder.published()); });
     }
-  })->Iterations(50);
+  })->Iterations(200);
 }
 
 void addAttachments(int count) {

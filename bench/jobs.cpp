@@ -8,7 +8,8 @@ namespace orvane::bench {
 
 namespace {
 
-constexpr int kJobs = 20;  // a process and run
+constexpr int kJobs = 50;  // a process and run
+constexpr int kRuns = 4;
 
 void compose(const VqDocumenti& factory, const Text& folder, const Text& id) {
   const auto fax = factory.NuovoDocumentoFax();
@@ -91,7 +92,7 @@ void addJobs(Place place, int processes, int folders) {
       state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     }
     state.SetItemsProcessed(state.iterations() * processes * kJobs);
-  })->Iterations(1);
+  })->Iterations(kRuns);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include "cli/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
 
 #include "cli/Help.h"
 #include "cli/Suggest.h"
+#include "cli/Terminal.h"
 #include "orvane_version.h"
 
 namespace orvane::cli {
@@ -243,6 +245,10 @@ ExitCode runParsed(CLI::App& app, const Declaration& declared, const Strings& ar
 }
 
 }  // namespace
+
+Console standardConsole() {
+  return {std::cout, std::cerr, terminalWidth(Stream::Output), terminalWidth(Stream::Error)};
+}
 
 ExitCode run(const Strings& arguments, const Console& console) {
   CLI::App app("Compose, change and look at document jobs.", "orvane");

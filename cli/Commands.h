@@ -15,6 +15,7 @@ struct Console {
   std::ostream& out;
   std::ostream& err;
   std::size_t terminalWidth = 0;  ///< columns of the terminal that `out` is; 0 where it is none
+  std::size_t errorWidth = 0;     ///< the same of `err`
 };
 
 using Strings = std::vector<std::string>;

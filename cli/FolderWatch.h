@@ -13,6 +13,8 @@ namespace orvane::cli {
 struct FolderChanges {
   bool anything = false;  ///< the names are not known: look at all files
   std::set<Text> names;   ///< of files that came, went or changed
+
+  bool isEmpty() const { return !anything && names.empty(); }
 };
 
 /// Tells of everything that happens from its making on.

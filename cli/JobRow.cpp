@@ -153,6 +153,12 @@ void visitFiles(const std::string& folder, const std::function<void(const Text&)
   }
 }
 
+std::size_t countFiles(const std::string& folder) {
+  std::size_t count = 0;
+  visitFiles(folder, [&](const Text&) { ++count; });
+  return count;
+}
+
 void visitJobs(const std::string& folder, const std::function<void(JobRow)>& visit) {
   JobReader reader(absoluteFolder(fromUtf8(folder)));
   visitFiles(folder, [&](const Text& name) {

@@ -67,6 +67,8 @@ class JobReader {
 /// the folder is missing.
 void visitFiles(const std::string& folder, const std::function<void(const Text& fileName)>& visit);
 
+std::size_t countFiles(const std::string& folder);
+
 /// The same for jobs.
 void visitJobs(const std::string& folder, const std::function<void(JobRow row)>& visit);
 

@@ -11,7 +11,7 @@ namespace orvane::cli {
 namespace {
 
 const JobTable::Cells kTitles{"KIND", "ID", "STATE", "AGE", "OUTCOME", "TO", "ERROR"};
-constexpr JobTable::Widths kUsual{9, 14, 22, 4, 12, 24, 30};
+constexpr JobTable::Widths kUsual{15, 14, 26, 4, 12, 24, 30};  // 26: "In attesa di pubblicazione"
 constexpr std::size_t kGap = 2, kNarrowest = 5;
 constexpr const char* kEllipsis = "\u2026";
 

@@ -3,6 +3,7 @@
 #include "cli/Failure.h"
 #include "cli/JobData.h"
 #include "cli/JobTable.h"
+#include "cli/Progress.h"
 #include "cli/Session.h"
 #include "core/Apartment.h"
 
@@ -10,7 +11,7 @@ namespace orvane::cli {
 
 namespace {
 
-// The jobs that the filter accepts: as they are read, or at the end in their order.
+// The jobs that the filter accepts, as they are read.
 template <class Visit>
 void forEachJob(const ListOptions& options, Visit visit) {
   const JobFilter filter(options.filter);
@@ -19,23 +20,28 @@ void forEachJob(const ListOptions& options, Visit visit) {
   });
 }
 
-std::vector<JobRow> sortedJobs(const ListOptions& options) {
+std::vector<JobRow> sortedJobs(const Console& console, const ListOptions& options) {
   std::vector<JobRow> rows;
   sortJobs(rows, options.sort);  // a misspelt order is refused before the folder is read
-  forEachJob(options, [&](const JobRow& row) { rows.push_back(row); });
+  const JobFilter filter(options.filter);
+  Progress progress(console.err, console.errorWidth, [&] { return countFiles(options.folder); });
+  visitJobs(options.folder, [&](JobRow row) {
+    progress.step();
+    if (filter.accepts(row)) rows.push_back(std::move(row));
+  });
   sortJobs(rows, options.sort);
   return rows;
 }
 
 template <class Visit>
-void inOrder(const ListOptions& options, Visit visit) {
+void inOrder(const Console& console, const ListOptions& options, Visit visit) {
   if (options.unsorted) return forEachJob(options, visit);
-  for (const JobRow& row : sortedJobs(options)) visit(row);
+  for (const JobRow& row : sortedJobs(console, options)) visit(row);
 }
 
 void listJson(const Console& console, const ListOptions& options) {
   const char* between = "[\n";
-  inOrder(options, [&](const JobRow& row) {
+  inOrder(console, options, [&](const JobRow& row) {
     console.out << between << jobJson(row).text();
     between = ",\n";
   });
@@ -48,7 +54,7 @@ void listTable(const Console& console, const ListOptions& options) {
     table.printHeader();
     return forEachJob(options, [&](const JobRow& row) { table.print(row); });
   }
-  const std::vector<JobRow> rows = sortedJobs(options);
+  const std::vector<JobRow> rows = sortedJobs(console, options);
   table.fitTo(rows);
   table.printHeader();
   for (const JobRow& row : rows) table.print(row);

@@ -6,6 +6,7 @@
 #include "cli/Commands.h"
 #include "cli/JobData.h"
 #include "cli/PrettyXml.h"
+#include "cli/Progress.h"
 #include "cli/ReportPage.h"
 #include "cli/Session.h"
 #include "core/Apartment.h"
@@ -52,7 +53,13 @@ void writePage(const Session& session, const ReportOptions& options, const std::
 void report(const Console& console, const ReportOptions& options) {
   const Session session;
   std::vector<JobRow> rows;
-  visitJobs(options.folder, [&](JobRow row) { rows.push_back(std::move(row)); });
+  {
+    Progress progress(console.err, console.errorWidth, [&] { return countFiles(options.folder); });
+    visitJobs(options.folder, [&](JobRow row) {
+      progress.step();
+      rows.push_back(std::move(row));
+    });
+  }
   sortJobs(rows, "age");
   if (options.output == "-") return writePage(session, options, rows, console.out);
   const std::string native = nativePath(FileName(options.output).full());

@@ -1,11 +1,13 @@
-// The terminal that results are written to.
+// The terminal that the program writes to.
 #pragma once
 
 #include <cstddef>
 
 namespace orvane::cli {
 
-/// Columns of the terminal that standard output is; 0 where it is none.
-std::size_t terminalWidth();
+enum class Stream { Output, Error };
+
+/// Columns of the terminal that a standard stream leads to; 0 where it leads to none.
+std::size_t terminalWidth(Stream stream);
 
 }  // namespace orvane::cli

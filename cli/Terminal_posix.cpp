@@ -5,11 +5,12 @@
 
 namespace orvane::cli {
 
-std::size_t terminalWidth() {
+std::size_t terminalWidth(Stream stream) {
   constexpr std::size_t usual = 80;
-  if (isatty(STDOUT_FILENO) == 0) return 0;
+  const int file = stream == Stream::Output ? STDOUT_FILENO : STDERR_FILENO;
+  if (isatty(file) == 0) return 0;
   winsize size{};
-  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+  return ioctl(file, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
 }
 
 }  // namespace orvane::cli

@@ -4,8 +4,8 @@
 
 namespace orvane::cli {
 
-std::size_t terminalWidth() {
-  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+std::size_t terminalWidth(Stream stream) {
+  const HANDLE output = GetStdHandle(stream == Stream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
   CONSOLE_SCREEN_BUFFER_INFO info{};
   DWORD mode = 0;
   if (!GetConsoleMode(output, &mode) || !GetConsoleScreenBufferInfo(output, &info)) return 0;

@@ -23,6 +23,8 @@ constexpr const char* kNew = "+ ";
 constexpr const char* kChanged = "* ";
 constexpr const char* kGone = "- ";
 constexpr std::size_t kMarkWidth = 2;
+constexpr milliseconds kRest{200};
+constexpr milliseconds kLongestUnrest{2000};
 
 class Watcher {
  public:
@@ -36,7 +38,7 @@ class Watcher {
 
   void run() {
     showAll();
-    while (!isOver()) follow(watch_->wait(pause()));
+    while (!isOver()) follow(atRest(watch_->wait(pause())));
   }
 
  private:
@@ -51,6 +53,18 @@ class Watcher {
     if (options_.seconds <= 0) return longest;
     const auto left = std::chrono::ceil<milliseconds>(end_ - Clock::now());
     return std::clamp(left, milliseconds{0}, longest);
+  }
+
+  // A job that is being composed is shown when it rests, or every now and then.
+  FolderChanges atRest(FolderChanges changes) {
+    const auto end = Clock::now() + kLongestUnrest;
+    for (bool more = !changes.isEmpty(); more && Clock::now() < end;) {
+      FolderChanges next = watch_->wait(kRest);
+      more = !next.isEmpty();
+      changes.anything = changes.anything || next.anything;
+      changes.names.merge(next.names);
+    }
+    return changes;
   }
 
   void showAll() {

@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "cli/CommandLine.h"
-#include "cli/Terminal.h"
 #include "core/Text.h"
 
 namespace {
@@ -31,5 +30,5 @@ int wmain(int count, wchar_t** arguments) {
   const Utf8Console console;
   orvane::cli::Strings texts;
   for (int i = 1; i < count; ++i) texts.push_back(utf8(arguments[i]));
-  return static_cast<int>(orvane::cli::run(texts, {std::cout, std::cerr, orvane::cli::terminalWidth()}));
+  return static_cast<int>(orvane::cli::run(texts, orvane::cli::standardConsole()));
 }

@@ -1,6 +1,6 @@
 """Prints the manual page of orvane from what its --help says: man.py PROGRAM > orvane.1
 
-The page is kept, because a cross build cannot run what it builds; a test tells when it is old."""
+The page is kept, because a cross build cannot run what it builds; a test tells when it is old. The build puts the version in."""
 
 import re
 import subprocess
@@ -48,7 +48,7 @@ def about_command(program, command):
 def page(program):
     program_help = help_of(program)
     footer = program_help[program_help.index("Members are addressed"):].rstrip("\n").splitlines()
-    lines = ['.TH ORVANE 1 "" "" "User Commands"',
+    lines = ['.TH ORVANE 1 "" "orvane @PROJECT_VERSION@" "User Commands"',
              ".SH NAME", "orvane \\- compose, change and look at document jobs",
              ".SH SYNOPSIS", ".B orvane", "COMMAND [OPTIONS] ARGUMENT...",
              ".SH COMMANDS"]

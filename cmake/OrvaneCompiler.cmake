@@ -17,6 +17,13 @@ if(WIN32)
   add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
 endif()
 
+# Equal sources make equal products: no time of linking, no number made from the folder of the build.
+if(MINGW)
+  add_link_options(-Wl,--no-insert-timestamp)
+elseif(CMAKE_SYSTEM_NAME STREQUAL Linux)
+  add_link_options(-Wl,--build-id=none)
+endif()
+
 find_program(ORVANE_CCACHE ccache)
 mark_as_advanced(ORVANE_CCACHE)
 if(PROJECT_IS_TOP_LEVEL AND ORVANE_CCACHE AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)

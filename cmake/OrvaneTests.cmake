@@ -21,6 +21,13 @@ function(orvane_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 endfunction()
 
+# orvane_client(<name> <source>...) builds a client of the automation server, with nothing of the library in it.
+function(orvane_client name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE orvane_warnings ole32 oleaut32 uuid)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
 # orvane_test(<name> <source>... [LINK <library>...] [LABEL <label>] [TIMEOUT <seconds>])
 # builds a GoogleTest program of the calling folder; ctest knows every test of it as <name>.<Suite>.<Test>.
 function(orvane_test name)
@@ -44,8 +51,15 @@ endfunction()
 # orvane_python_test(<name> <file>) registers a unittest file of the calling folder as python.<name>.
 function(orvane_python_test name file)
   add_test(NAME python.${name}
-    COMMAND Python3::Interpreter -B -m unittest discover -s ${CMAKE_CURRENT_SOURCE_DIR} -p ${file}
+    COMMAND ${Python3_EXECUTABLE} -B -m unittest discover -s ${CMAKE_CURRENT_SOURCE_DIR} -p ${file}
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+endfunction()
+
+# orvane_skipped_test(<name> <reason>) registers what cannot be tested here, so that ctest reports it as skipped.
+function(orvane_skipped_test name reason)
+  message(STATUS "Skipping the test ${name}: ${reason}")
+  add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "skipped: ${reason}")
+  set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION "^skipped: ")
 endfunction()
 
 # orvane_example(<name> <source>...) builds an example; that it runs and returns 0 is the test example.<name>.

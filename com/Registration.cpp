@@ -28,8 +28,6 @@ std::wstring versionText() {
   return std::to_wstring(libraryIdentity().major) + L"." + std::to_wstring(libraryIdentity().minor);
 }
 
-std::wstring folderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L'\\')); }
-
 std::wstring classKey(const ClassIdentity& identity) { return L"CLSID\\" + braced(identity.classId); }
 
 std::wstring interfaceKey(const ClassIdentity& identity) {
@@ -65,7 +63,6 @@ void registerLibrary(const RegistryKey& root) {
   key.set(L"", libraryIdentity().help);
   key.create(std::wstring(L"0\\") + kPlatform).set(L"", Module::path());
   key.create(L"FLAGS").set(L"", L"0");
-  key.create(L"HELPDIR").set(L"", folderOf(Module::path()));
 }
 
 void unregisterClass(const RegistryKey& root, const ClassIdentity& identity, bool shared) {

@@ -41,17 +41,24 @@ std::uint32_t lockNumberOf(TextView fileName) {
   return hash;
 }
 
-DiskFile::DiskFile(TextView fullName) : path_(targetOf(nativePath(fullName))) {
+DiskFile::DiskFile(TextView fullName) : path_(nativePath(fullName)) {
+  if (folderLength(path_) == path_.size()) throw Error(ErrorNumber::BadFileName);
+}
+
+JobLock DiskFile::lock() {
+  settle();
+  if (!folderLock_) folderLock_ = FolderLock::of(folder_);
+  return JobLock(*folderLock_, lockNumber_);
+}
+
+void DiskFile::settle() {
+  if (!temporary_.empty()) return;
+  path_ = targetOf(path_);
   folder_ = path_.substr(0, folderLength(path_));
   const std::string name = path_.substr(folder_.size());
   if (name.empty()) throw Error(ErrorNumber::BadFileName);
   lockNumber_ = lockNumberOf(fromUtf8(name));
   temporary_ = folder_ + temporaryName(lockNumber_);
-}
-
-FolderLock* DiskFile::folderLock() {
-  if (!folderLock_) folderLock_ = FolderLock::of(folder_);
-  return folderLock_.get();
 }
 
 DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, bool durable) {

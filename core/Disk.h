@@ -51,7 +51,7 @@ class DiskFile {
   Stamp read(std::string& bytes) const;
 
   /// Keeps other writers of the same file away. Raises 70 after ten seconds, 76 where the folder is missing.
-  JobLock lock() { return JobLock(*folderLock(), lockNumber_); }
+  JobLock lock();
 
   struct Replaced {
     Stamp stamp;
@@ -64,13 +64,11 @@ class DiskFile {
   Replaced replace(std::string_view bytes, const Stamp& old, bool durable);
 
   /// Puts the file and its name on the device. A missing file is none to flush.
-  void flush() const;
-
-  const std::string& path() const { return path_; }
+  void flush();
 
  private:
   static std::string targetOf(std::string path);
-  FolderLock* folderLock();
+  void settle();
   bool tryStamp(Stamp& stamp) const noexcept;
   void writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable);
   void exchange(bool durable);
@@ -78,10 +76,10 @@ class DiskFile {
   void flushFolder() const;
   void keepPermissions(Stamp& now, const Stamp& old) const noexcept;
 
-  std::string path_;    // native
+  std::string path_;    // native; from `settle` on, which reading does not need, the target of a link
   std::string folder_;  // with its separator, or empty
-  std::uint32_t lockNumber_;
-  std::string temporary_;
+  std::uint32_t lockNumber_ = 0;
+  std::string temporary_;  // empty until `settle`
   std::shared_ptr<FolderLock> folderLock_;
   Stamp plain_;  // owner, group and permissions that a new file of this process is known to get
 };

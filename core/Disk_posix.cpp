@@ -43,6 +43,12 @@ Stamp stampOf(const struct stat& state) {
 
 bool isMissing(int code) { return code == ENOENT || code == ENOTDIR; }
 
+// Whether the name stands for anything, if only for a link.
+bool isThere(const std::string& path) {
+  struct stat state {};
+  return ::lstat(path.c_str(), &state) == 0 || !isMissing(errno);
+}
+
 [[noreturn]] void raiseErrno(int code) { raiseSystemError(static_cast<unsigned long>(code)); }
 
 struct stat regular(const struct stat& state) {
@@ -143,16 +149,23 @@ std::int64_t timeOfChange(const Stamp& old) {
 
 std::string DiskFile::targetOf(std::string path) {
   constexpr int kLongestChain = 40;
+  int failure = ELOOP;
   for (int links = 0; links < kLongestChain; ++links) {
     std::string target(4096, '\0');
     const auto length =
         retryInterrupted([&] { return ::readlink(path.c_str(), target.data(), target.size()); });
-    if (length < 0 && (errno == EINVAL || isMissing(errno))) return path;
-    if (length < 0) raiseLastSystemError();
-    target.resize(static_cast<std::size_t>(length));
-    path = target.starts_with('/') ? target : path.substr(0, path.rfind('/') + 1) + target;
+    if (length >= 0) {
+      target.resize(static_cast<std::size_t>(length));
+      path = target.starts_with('/') ? target : path.substr(0, path.rfind('/') + 1) + target;
+      failure = ELOOP;
+      continue;
+    }
+    failure = errno;
+    // A link taken for missing would be replaced by a file: two calls must agree.
+    if (failure == EINVAL || (isMissing(failure) && !isThere(path))) return path;
+    if (!isMissing(failure)) break;
   }
-  raiseErrno(ELOOP);
+  raiseErrno(failure);
 }
 
 bool DiskFile::tryStamp(Stamp& stamp) const noexcept {
@@ -215,7 +228,8 @@ void DiskFile::exchange(bool) {
 
 void DiskFile::removeTemporary() const noexcept { ::unlink(temporary_.c_str()); }
 
-void DiskFile::flush() const {
+void DiskFile::flush() {
+  settle();
   const Handle file(path_, O_RDONLY);
   if (!file.isOpen() && isMissing(errno)) return;
   if (!file.isOpen()) raiseLastSystemError();

@@ -132,14 +132,12 @@ std::int64_t timeOfChange(const Stamp& old) {
       {nanoseconds(preciseTime()), nanoseconds(tick) + kFileTimeUnit, old.modified + kFileTimeUnit});
 }
 
-// A device's name leads out of the folder, one with a colon to another stream of a file, and what the system
-// says of too long a name depends on its version.
+// A name with a colon leads to another stream of a file, and what the system says of too long a name depends
+// on its version.
 std::string DiskFile::targetOf(std::string path) {
   const Text name = fromUtf8(path.substr(folderLength(path)));
-  const bool device = path.starts_with("\\\\.\\");
-  if (device || name.find(u':') != Text::npos || name.size() > kLongestName) {
-    throw Error(ErrorNumber::BadFileName);
-  }
+  const bool bad = name.find(u':') != Text::npos || name.size() > kLongestName;
+  if (bad) throw Error(ErrorNumber::BadFileName);
   return path;
 }
 
@@ -224,7 +222,8 @@ void DiskFile::removeTemporary() const noexcept try {
 } catch (const std::bad_alloc&) {
 }
 
-void DiskFile::flush() const {
+void DiskFile::flush() {
+  settle();
   const Handle file(widePath(path_), GENERIC_WRITE, kShareAll, OPEN_EXISTING);
   if (!file.isOpen() && isMissing(GetLastError())) return;
   if (!file.isOpen() || !FlushFileBuffers(file.get())) raiseLastSystemError();

@@ -11,9 +11,13 @@ void checkBinding(bool initialised, TextView folder) {
 }
 
 void checkLoading(bool initialised, TextView folder, TextView fileName) {
+  // What is in a folder shows that the folder is there, unless the name leads out of it.
+  const bool inside =
+      !folder.empty() && !fileName.empty() && fileName.find_first_of(u"\\/") == TextView::npos;
+  if (initialised || !inside) checkBinding(initialised, folder);
+  if (!fileName.empty() && Apartment::fileSystem().fileExists(joinPath(folder, fileName))) return;
   checkBinding(initialised, folder);
-  const bool there = !fileName.empty() && Apartment::fileSystem().fileExists(joinPath(folder, fileName));
-  if (!there) throw Error(ErrorNumber::FileNotFound);
+  throw Error(ErrorNumber::FileNotFound);
 }
 
 void Document::Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collegato) {

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "core/Error.h"
+#include "core/PathKind.h"
 #include "core/Paths.h"
 
 namespace orvane {
@@ -33,26 +34,15 @@ fs::path pathOf(TextView published) {
   throw Error(ErrorNumber::PathFileAccess);
 }
 
-// Follows links; what may not be looked at is nothing. A device that fails is an error, not a missing file.
-fs::file_status statusOf(const fs::path& path) {
-  std::error_code failure;
-  const auto status = fs::status(path, failure);
-  if (failure == std::errc::io_error) raise(failure);
-  return status;
-}
-
-bool isFile(const fs::path& path) {
-  const auto status = statusOf(path);
-  return fs::exists(status) && !fs::is_directory(status);
-}
-
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
-    return !folder.empty() && fs::is_directory(statusOf(pathOf(folder)));
+    return !folder.empty() && kindOf(nativePath(folder)) == PathKind::Folder;
   }
 
-  bool fileExists(TextView file) const override { return !file.empty() && isFile(pathOf(file)); }
+  bool fileExists(TextView file) const override {
+    return !file.empty() && kindOf(nativePath(file)) == PathKind::File;
+  }
 
   void copyFile(TextView from, TextView to) const override {
     if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);
@@ -80,7 +70,9 @@ class SystemFileSystem : public FileSystem {
     std::error_code failure;
     for (fs::directory_iterator entry(pathOf(folder), failure), end; !failure && entry != end;
          entry.increment(failure)) {
-      if (isFile(entry->path())) names.push_back(entry->path().filename().u16string());
+      const auto path = entry->path().u8string();
+      if (kindOf({path.begin(), path.end()}) == PathKind::File)
+        names.push_back(entry->path().filename().u16string());
     }
     if (failure) raise(failure);
     std::sort(names.begin(), names.end());

@@ -1,5 +1,6 @@
 #include "core/Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -20,22 +21,35 @@ constexpr double kLongestPlain = 1e15;
 
 Text widen(const char* begin, const char* end) { return Text(begin, end); }
 
-// Nothing where `text` holds what no number has.
-std::optional<std::string> narrow(TextView text) {
-  std::string out;
-  for (const char16_t unit : text) {
-    if (unit > 0x7E) return std::nullopt;
-    out += static_cast<char>(unit);
+// A number's characters, one byte each; none where the text holds what no number has.
+class Narrow {
+ public:
+  explicit Narrow(TextView text) {
+    if (text.size() > sizeof room_) long_.resize(text.size());
+    char* const begin = long_.empty() ? room_ : long_.data();
+    if (std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 0x7E; })) return;
+    std::transform(text.begin(), text.end(), begin, [](char16_t unit) { return static_cast<char>(unit); });
+    digits_ = {begin, text.size()};
   }
-  return out;
-}
+  Narrow(const Narrow&) = delete;
+  Narrow& operator=(const Narrow&) = delete;
+
+  std::string_view digits() const { return digits_; }
+
+ private:
+  char room_[kLongestNumber];
+  std::string long_;
+  std::string_view digits_;
+};
 
 // Which end of the range a number lies beyond: its exponent tells, or else its whole part.
-bool isTiny(const std::string& digits) {
+bool isTiny(std::string_view digits) {
   const auto exponent = digits.find_first_of("eE");
-  if (exponent != std::string::npos) return digits[exponent + 1] == '-';
+  if (exponent != std::string_view::npos) return digits[exponent + 1] == '-';
   return digits.find_first_of("123456789") > digits.find('.');
 }
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 TextView trimmed(TextView text) {
   const auto first = text.find_first_not_of(u" \t");
@@ -43,17 +57,33 @@ TextView trimmed(TextView text) {
   return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
 }
 
-// Most stored numbers are whole and short.
-std::optional<double> shortWhole(TextView text) {
+// Most stored numbers are whole and short. False for any other.
+bool parseShortWhole(TextView text, double& number) {
   const bool negative = text.starts_with(u'-');
   const TextView digits = text.substr(negative ? 1 : 0);
-  if (digits.empty() || digits.size() > 9) return std::nullopt;
-  std::int32_t number = 0;
+  if (digits.empty() || digits.size() > 9) return false;
+  std::int32_t whole = 0;
   for (const char16_t digit : digits) {
-    if (digit < u'0' || digit > u'9') return std::nullopt;
-    number = 10 * number + (digit - u'0');
+    if (digit < u'0' || digit > u'9') return false;
+    whole = 10 * whole + (digit - u'0');
   }
-  return negative ? -static_cast<double>(number) : number;
+  number = negative ? -static_cast<double>(whole) : whole;
+  return true;
+}
+
+// `digits` hold a number without blanks or a leading plus. The standard conversion would also take words such
+// as "inf" and a second sign.
+std::optional<double> parseAny(std::string_view digits, bool negative) {
+  const std::string_view absolute = digits.substr(negative ? 1 : 0);
+  const bool begins = !absolute.empty() && (isDigit(absolute.front()) || absolute.front() == '.');
+  if (!begins) return std::nullopt;
+  double number = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto result = std::from_chars(digits.data(), end, number);
+  if (result.ptr != end) return std::nullopt;
+  if (result.ec != std::errc::result_out_of_range) return number;
+  const double infinity = std::numeric_limits<double>::infinity();
+  return isTiny(digits) ? 0 : negative ? -infinity : infinity;
 }
 
 }  // namespace
@@ -85,26 +115,12 @@ Text numberText(double number) {
 }
 
 std::optional<double> parseNumber(TextView text) {
-  if (const auto number = shortWhole(text)) return number;
-  auto digits = narrow(trimmed(text));
-  if (!digits) return std::nullopt;
-  const bool plus = digits->starts_with('+');
-  if (plus) digits->erase(0, 1);
-  // The standard conversion would also take words such as "inf" and a second sign.
-  const auto first = digits->find_first_not_of('-');
-  if (first == std::string::npos || first > (plus ? 0 : 1) ||
-      !(std::isdigit(static_cast<unsigned char>((*digits)[first])) || (*digits)[first] == '.')) {
-    return std::nullopt;
-  }
-  double number = 0;
-  const char* end = digits->data() + digits->size();
-  const auto result = std::from_chars(digits->data(), end, number);
-  if (result.ptr != end) return std::nullopt;
-  if (result.ec == std::errc::result_out_of_range) {
-    const double infinity = std::numeric_limits<double>::infinity();
-    number = isTiny(*digits) ? 0 : first == 1 ? -infinity : infinity;
-  }
-  return number;
+  double number;
+  if (parseShortWhole(text, number)) return number;
+  const Narrow narrow(trimmed(text));
+  const std::string_view digits = narrow.digits();
+  return digits.starts_with('+') ? parseAny(digits.substr(1), false)
+                                 : parseAny(digits, digits.starts_with('-'));
 }
 
 Text decimalText(std::int64_t number) {

@@ -1,7 +1,6 @@
 #include "core/ProfileText.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstring>
 
@@ -16,27 +15,42 @@ static_assert(std::endian::native == std::endian::little, "the text is kept as i
 
 constexpr char16_t kMark = 0xFEFF;
 constexpr TextView kLineEnd = u"\r\n";
+constexpr std::size_t kSmallestTable = 64;
 
-constexpr auto kFolded = [] {
-  std::array<std::uint8_t, 256> folded{};
-  for (std::size_t i = 0; i < folded.size(); ++i) {
-    folded[i] = static_cast<std::uint8_t>(foldCase(static_cast<char16_t>(i)));
-  }
-  return folded;
-}();
-
+// Letters of either case differ in one bit; that others do too is for the comparison of names to see.
 std::uint32_t hashOf(TextView name, std::uint32_t owner) {
   constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
-  std::uint64_t hash = (owner + 1) * kFactor;
-  for (const char16_t unit : name) hash = (hash ^ (unit < kFolded.size() ? kFolded[unit] : unit)) * kFactor;
-  return static_cast<std::uint32_t>(hash >> 32);
+  constexpr std::uint64_t kCase = inAllPlaces(0x20);
+  std::uint64_t hash = owner;
+  const auto mix = [&](std::uint64_t units) {
+    hash = (hash ^ (units | kCase)) * kFactor;
+    hash ^= hash >> 32;
+  };
+  std::size_t at = 0;
+  for (; at + 4 <= name.size(); at += 4) mix(fourUnits(name.data() + at));
+  if (at < name.size()) mix(lastUnits(name, at));
+  return static_cast<std::uint32_t>(hash);
 }
 
 bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
+std::size_t findLineEnd(TextView text, std::size_t at) {
+  return findMarked(text, at, [](std::uint64_t four) { return marksOf(four, u'\r') | marksOf(four, u'\n'); });
+}
+
 std::size_t afterLineEnd(TextView text, std::size_t end) {
   if (end == text.size()) return end;
   return text.substr(end, kLineEnd.size()) == kLineEnd ? end + 2 : end + 1;
+}
+
+bool isPlain(char16_t unit) { return unit > u' ' && unit < 0x7F && unit != u'[' && unit != u';'; }
+
+// The equals sign behind the key that begins at `at`, where the key has nothing odd at its ends and no
+// controls; otherwise 0. A text ends in a control.
+std::size_t plainKeyEnd(const Text& text, std::size_t at) {
+  const std::size_t sign =
+      findMarked(text, at, [](std::uint64_t four) { return marksBelow(four, u' ') | marksOf(four, u'='); });
+  return text[sign] == u'=' && sign > at && isPlain(text[at]) && isPlain(text[sign - 1]) ? sign : 0;
 }
 
 void appendUtf16(Text& out, std::string_view bytes, bool swapped) {
@@ -60,7 +74,7 @@ void appendMixedLines(Text& out, std::string_view bytes) {
 
 }  // namespace
 
-ProfileText::ProfileText() : text_(1, kMark) {}
+ProfileText::ProfileText() : text_(1, kMark), table_(kSmallestTable, kNone) {}
 
 std::string_view ProfileText::bytes() const {
   return {reinterpret_cast<const char*>(text_.data()), text_.size() * sizeof(char16_t)};
@@ -85,105 +99,116 @@ void ProfileText::decode(std::string_view bytes) {
 }
 
 void ProfileText::index() {
+  constexpr std::size_t kShortLine = 16;  // so that the table need not grow for most files
   entries_.clear();
-  std::fill(table_.begin(), table_.end(), kNone);
+  entries_.reserve(text_.size() / kShortLine);
+  table_.assign(std::max(kSmallestTable, std::bit_ceil(text_.size() / (kShortLine / 2))), kNone);
   lastSection_ = kNone;
   std::uint32_t section = kNone;
   for (std::size_t at = 1; at < text_.size();) {
-    const std::size_t end = findAnyOf<u'\r', u'\n'>(text_, at);
+    const std::size_t sign = plainKeyEnd(text_, at);
+    const std::size_t end = findLineEnd(text_, std::max(at, sign));
     const std::size_t next = afterLineEnd(text_, end);
-    indexLine(at, end, next, section);
+    const TextView line = TextView(text_).substr(at, end - at);
+    if (sign == 0) {
+      indexLine(withoutOuterBlanks(line), next, section);
+    } else if (section != kNone) {
+      endSection(section, next);
+      indexKey(line.substr(0, sign - at), line.substr(sign + 1 - at), section);
+    }
     at = next;
   }
 }
 
-void ProfileText::indexLine(std::size_t at, std::size_t end, std::size_t next, std::uint32_t& section) {
-  while (at < end && isProfileBlank(text_[at])) ++at;
-  while (at < end && isProfileBlank(text_[end - 1])) --end;
-  if (at == end) return;
-  if (text_[at] == u'[' && TextView(text_).substr(at, end - at).find(u']') != TextView::npos) {
-    section = indexHeader(at, end, next);
+void ProfileText::indexLine(TextView line, std::size_t next, std::uint32_t& section) {
+  if (line.empty()) return;
+  if (line.front() == u'[' && line.find(u']') != TextView::npos) {
+    section = indexHeader(line, next);
     return;
   }
   if (section == kNone) return;
+  endSection(section, next);
+  const std::size_t sign = line.find(u'=');
+  if (sign == TextView::npos) return;
+  const TextView key = withoutOuterBlanks(line.substr(0, sign));
+  if (canBeKey(key)) indexKey(key, line.substr(sign + 1), section);
+}
+
+void ProfileText::indexKey(TextView key, TextView value, std::uint32_t section) {
+  value = withoutOuterBlanks(value);
+  add({.hash = hashOf(key, section),
+       .owner = section,
+       .name = placeOf(key),
+       .nameLength = static_cast<std::uint32_t>(key.size()),
+       .value = placeOf(value),
+       .valueLength = static_cast<std::uint32_t>(value.size())});
+}
+
+// The next key of the section goes to `next`.
+void ProfileText::endSection(std::uint32_t section, std::size_t next) {
   entries_[section].value = static_cast<std::uint32_t>(next);
   entries_[section].valueLength = endsLine(text_[next - 1]);
-  if (text_[at] != u'[' && text_[at] != u';') indexKey(at, end, section);
 }
 
 // A section of a name that has been there, or of none, is none of ours.
-std::uint32_t ProfileText::indexHeader(std::size_t at, std::size_t end, std::size_t next) {
-  const TextView inside = TextView(text_).substr(at + 1, end - at - 1);
-  const TextView name = withoutOuterBlanks(inside.substr(0, inside.find(u']')));
-  const std::uint32_t hash = hashOf(name, kNone);
-  if (!canBeSection(name) || lookUp(kNone, name, hash) != kNone) return kNone;
-  return add({.hash = hash,
+std::uint32_t ProfileText::indexHeader(TextView line, std::size_t next) {
+  const TextView name = withoutOuterBlanks(line.substr(1, line.find(u']') - 1));
+  if (!canBeSection(name)) return kNone;
+  return add({.hash = hashOf(name, kNone),
               .owner = kNone,
-              .name = static_cast<std::uint32_t>(name.data() - text_.data()),
+              .name = placeOf(name),
               .nameLength = static_cast<std::uint32_t>(name.size()),
               .value = static_cast<std::uint32_t>(next),
               .valueLength = endsLine(text_[next - 1])});
 }
 
-void ProfileText::indexKey(std::size_t at, std::size_t end, std::uint32_t section) {
-  const TextView line = TextView(text_).substr(at, end - at);
-  const std::size_t sign = line.find(u'=');
-  if (sign == TextView::npos) return;
-  const TextView key = withoutOuterBlanks(line.substr(0, sign));
-  const TextView value = withoutOuterBlanks(line.substr(sign + 1));
-  const std::uint32_t hash = hashOf(key, section);
-  if (!canBeKey(key) || lookUp(section, key, hash) != kNone) return;
-  add({.hash = hash,
-       .owner = section,
-       .name = static_cast<std::uint32_t>(at),
-       .nameLength = static_cast<std::uint32_t>(key.size()),
-       .value = static_cast<std::uint32_t>(value.data() - text_.data()),
-       .valueLength = static_cast<std::uint32_t>(value.size())});
-}
-
-std::uint32_t ProfileText::lookUp(std::uint32_t owner, TextView name, std::uint32_t hash) const {
-  if (table_.empty()) return kNone;
+// Where the entry of that name stands in the table, or would.
+std::size_t ProfileText::slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const {
   const std::size_t mask = table_.size() - 1;
-  for (std::size_t slot = hash & mask; table_[slot] != kNone; slot = (slot + 1) & mask) {
+  std::size_t slot = hash & mask;
+  for (; table_[slot] != kNone; slot = (slot + 1) & mask) {
     const Entry& entry = entries_[table_[slot]];
     if (entry.hash != hash || entry.owner != owner) continue;
-    if (same(nameOf(entry), name) || equalIgnoringCase(nameOf(entry), name)) return table_[slot];
+    if (same(nameOf(entry), name) || equalIgnoringCase(nameOf(entry), name)) break;
   }
-  return kNone;
+  return slot;
+}
+
+std::uint32_t ProfileText::lookUp(std::uint32_t owner, TextView name) const {
+  return table_[slotOf(owner, name, hashOf(name, owner))];
 }
 
 // Keys are asked for section by section.
 std::uint32_t ProfileText::findSection(TextView name) const {
   if (lastSection_ != kNone && same(nameOf(entries_[lastSection_]), name)) return lastSection_;
-  const std::uint32_t found = lookUp(kNone, name, hashOf(name, kNone));
+  const std::uint32_t found = lookUp(kNone, name);
   if (found != kNone) lastSection_ = found;
   return found;
 }
 
 std::uint32_t ProfileText::findKey(TextView section, TextView key) const {
   const std::uint32_t owner = findSection(section);
-  return owner == kNone ? kNone : lookUp(owner, key, hashOf(key, owner));
+  return owner == kNone ? kNone : lookUp(owner, key);
 }
 
 std::uint32_t ProfileText::add(const Entry& entry) {
+  const std::size_t slot = slotOf(entry.owner, nameOf(entry), entry.hash);
+  if (table_[slot] != kNone) return kNone;
+  const auto added = static_cast<std::uint32_t>(entries_.size());
+  table_[slot] = added;
   entries_.push_back(entry);
-  if (entries_.size() * 2 > table_.size()) growTable();
-  const auto added = static_cast<std::uint32_t>(entries_.size() - 1);
-  place(added);
+  if (2 * entries_.size() > table_.size()) growTable();
   return added;
 }
 
-void ProfileText::place(std::uint32_t entry) {
-  const std::size_t mask = table_.size() - 1;
-  std::size_t slot = entries_[entry].hash & mask;
-  while (table_[slot] != kNone) slot = (slot + 1) & mask;
-  table_[slot] = entry;
-}
-
 void ProfileText::growTable() {
-  constexpr std::size_t kSmallest = 64;
-  table_.assign(std::max(kSmallest, table_.size() * 4), kNone);
-  for (std::uint32_t entry = 0; entry + 1 < entries_.size(); ++entry) place(entry);
+  table_.assign(4 * table_.size(), kNone);
+  const std::size_t mask = table_.size() - 1;
+  for (std::uint32_t entry = 0; entry < entries_.size(); ++entry) {
+    std::size_t slot = entries_[entry].hash & mask;
+    while (table_[slot] != kNone) slot = (slot + 1) & mask;
+    table_[slot] = entry;
+  }
 }
 
 std::optional<TextView> ProfileText::find(TextView section, TextView key) const {

@@ -51,19 +51,23 @@ class ProfileText {
 
   void decode(std::string_view bytes);
   void index();
-  void indexLine(std::size_t at, std::size_t end, std::size_t next, std::uint32_t& section);
-  std::uint32_t indexHeader(std::size_t at, std::size_t end, std::size_t next);
-  void indexKey(std::size_t at, std::size_t end, std::uint32_t section);
-  std::uint32_t lookUp(std::uint32_t owner, TextView name, std::uint32_t hash) const;
+  void indexLine(TextView line, std::size_t next, std::uint32_t& section);
+  std::uint32_t indexHeader(TextView line, std::size_t next);
+  void indexKey(TextView key, TextView value, std::uint32_t section);
+  void endSection(std::uint32_t section, std::size_t next);
+  std::size_t slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const;
+  std::uint32_t lookUp(std::uint32_t owner, TextView name) const;
   std::uint32_t findSection(TextView name) const;
   std::uint32_t findKey(TextView section, TextView key) const;
-  std::uint32_t add(const Entry& entry);
-  void place(std::uint32_t entry);
+  std::uint32_t add(const Entry& entry);  // kNone where one of that name is there
   void growTable();
   void endLastLine();
   std::uint32_t appendSection(TextView name);
   void insertKey(std::uint32_t section, TextView key, TextView value);
   void splice(std::size_t at, std::size_t removed, TextView inserted);
+  std::uint32_t placeOf(TextView part) const {
+    return static_cast<std::uint32_t>(part.data() - text_.data());
+  }
   TextView nameOf(const Entry& entry) const { return {text_.data() + entry.name, entry.nameLength}; }
   TextView valueOf(const Entry& entry) const { return {text_.data() + entry.value, entry.valueLength}; }
 

@@ -11,7 +11,8 @@ namespace {
 constexpr char16_t kEscape = 0x241B;
 constexpr std::size_t kEscapeLength = 5;
 
-bool isControl(char16_t unit) { return unit < 0x20; }
+constexpr char16_t kFirstPrintable = 0x20;
+bool isControl(char16_t unit) { return unit < kFirstPrintable; }
 bool isQuote(char16_t unit) { return unit == u'"' || unit == u'\''; }
 bool mustEscape(char16_t unit) { return isControl(unit) || unit == kEscape; }
 
@@ -30,8 +31,9 @@ bool mustQuote(char16_t outer) { return isQuote(outer) || isAnyBlank(outer); }
 bool canBeName(TextView name, char16_t excluded) {
   if (name.empty() || name.front() == u';' || name.front() == u'[') return false;
   if (isAnyBlank(name.front()) || isAnyBlank(name.back())) return false;
-  return std::none_of(name.begin(), name.end(),
-                      [&](char16_t unit) { return isControl(unit) || unit == excluded; });
+  return findMarked(name, 0, [&](std::uint64_t four) {
+           return marksBelow(four, kFirstPrintable) | marksOf(four, excluded);
+         }) == name.size();
 }
 
 void appendEscaped(Text& out, char16_t unit) {
@@ -90,7 +92,7 @@ void appendStoredValue(Text& out, TextView value) {
 
 TextView plainValue(TextView stored, Text& room) {
   const TextView text = withoutQuotes(stored);
-  std::size_t at = findAnyOf<kEscape>(text);
+  std::size_t at = findUnit(text, kEscape);
   if (at == text.size()) return text;
   room.assign(text, 0, at);
   while (at < text.size()) {

@@ -7,6 +7,7 @@ namespace orvane {
 
 /// White space that profile functions take off the ends of names and values.
 constexpr bool isProfileBlank(char16_t unit) {
+  if (unit > u' ') return false;
   return unit == u' ' || unit == u'\t' || unit == u'\v' || unit == u'\f' || unit == 0x1A;
 }
 

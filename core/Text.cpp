@@ -67,9 +67,11 @@ Decoded decode(std::string_view bytes, std::size_t at) {
 }  // namespace
 
 std::string toUtf8(TextView text) {
-  std::string out;
-  out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  std::string out(text.size(), '\0');
+  std::size_t i = 0;
+  for (; i < text.size() && text[i] < 0x80; ++i) out[i] = static_cast<char>(text[i]);
+  out.resize(i);
+  for (; i < text.size(); ++i) {
     char32_t point = text[i];
     if (isHighSurrogate(point) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
       point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);

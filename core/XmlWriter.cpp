@@ -12,22 +12,19 @@ namespace {
 constexpr std::size_t kTypicalDocument = 16384;  // units; a full fax job needs about 12,000
 constexpr std::size_t kLongestReplacement = 5;   // units that one unit may become
 
-// Units that need a look: everything else is copied in runs.
-constexpr bool isPlain(char16_t unit) {
-  return unit >= 0x20 && unit != u'&' && unit != u'<' && unit != u'>' && unit < 0xD800;
-}
-
-// Not 0 where one of four units is not plain; units from 0x8000 on are looked at one by one.
-std::uint64_t mayBeOdd(std::uint64_t four) {
-  const std::uint64_t markup = holds(four, u'&') | holds(four, u'<') | holds(four, u'>');
-  return markup | holdsBelow(four, 0x20) | (four & inAllPlaces(0x8000));
-}
-
+// Units that need a look are few: everything else is copied in runs.
 std::size_t endOfPlain(TextView text, std::size_t at) {
-  return findWhere(text, at, mayBeOdd, [](char16_t unit) { return !isPlain(unit); });
+  return findMarked(text, at, [](std::uint64_t four) {
+    const std::uint64_t markup = marksOf(four, u'&') | marksOf(four, u'<') | marksOf(four, u'>');
+    return markup | marksBelow(four, 0x20) | (four & inAllPlaces(0x8000));
+  });
 }
 
-// What stands for a unit that is not plain and is no part of a surrogate pair.
+bool isCharacter(char16_t unit) {
+  return unit >= 0x20 && !isHighSurrogate(unit) && !isLowSurrogate(unit) && unit <= 0xFFFD;
+}
+
+// What stands for a unit that is no part of a surrogate pair.
 TextView replacement(const char16_t& unit) {
   switch (unit) {
     case u'&':
@@ -42,7 +39,7 @@ TextView replacement(const char16_t& unit) {
     case u'\n':
       return {&unit, 1};
     default:
-      return unit >= 0xE000 && unit <= 0xFFFD ? TextView{&unit, 1} : TextView{u"\uFFFD"};
+      return isCharacter(unit) ? TextView{&unit, 1} : TextView{u"\uFFFD"};
   }
 }
 

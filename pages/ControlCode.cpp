@@ -1,9 +1,8 @@
 #include "pages/ControlCode.h"
 
-#include <algorithm>
-
 #include "core/Error.h"
 #include "core/Numbers.h"
+#include "core/Units.h"
 
 namespace orvane {
 
@@ -59,12 +58,11 @@ void ControlCode::write(ProfileAccess& access, JobFile& file, const char16_t* se
 // What follows the last ";" is never read: what was written ends in one, and all seven bytes are read.
 void ControlCode::load(ProfileAccess& access, JobFile& file, const char16_t* section) {
   const Text text = access.LeggiTesto(file, section, name(), kMissing);
-  TextView rest = text;
-  for (std::size_t i = 0; rest.find(u';') != TextView::npos; ++i) {
-    const auto end = rest.find(u';');
+  std::size_t begin = 0;
+  std::size_t i = 0;
+  for (std::size_t end; (end = findUnit(text, u';', begin)) < text.size(); begin = end + 1) {
     if (i >= kSize) throw Error(ErrorNumber::SubscriptOutOfRange);
-    bytes_[i] = toByte(rest.substr(0, end));
-    rest.remove_prefix(end + 1);
+    bytes_[i++] = toByte(TextView(text).substr(begin, end - begin));
   }
 }
 

@@ -1,5 +1,5 @@
-"""What the system must know of the automation server: the table of identities, and the manifest that stands in for
-registration."""
+"""What the system must know of the automation server: the table of identities, and the manifests that stand in for
+registration, the server's own and that of a program that uses it."""
 
 from xml.sax.saxutils import quoteattr
 
@@ -9,6 +9,9 @@ import cpp
 PROXY = "{00020424-0000-0000-C000-000000000046}"
 DISPATCH = "{00020400-0000-0000-C000-000000000046}"
 DISPATCH_SLOTS = 7
+
+OPENING = ['<?xml version="1.0" encoding="UTF-8" standalone="yes"?>',
+           '<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">']
 
 TOP = cpp.HEAD + """#include "com/Identity.h"
 
@@ -66,14 +69,27 @@ def manifest(architecture):
     return lambda library: assembly(library, architecture)
 
 
+def client_manifest(architecture):
+    """The emitter of the manifest of a program that uses the assembly."""
+    return lambda library: dependency(library, architecture)
+
+
+def assembly_identity(library, architecture):
+    major, minor = version(library)
+    return (f'<assemblyIdentity type="win32" name="{library.name}" version="{major}.{minor}.0.0" '
+            f'processorArchitecture="{architecture}"/>')
+
+
+def dependency(library, architecture):
+    return "\n".join([*OPENING, "  <dependency>", "    <dependentAssembly>",
+                      "      " + assembly_identity(library, architecture),
+                      "    </dependentAssembly>", "  </dependency>", "</assembly>", ""])
+
+
 def assembly(library, architecture):
     major, minor = version(library)
     name, libid = library.name, braced(library.uuid)
-    lines = ['<?xml version="1.0" encoding="UTF-8" standalone="yes"?>',
-             '<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">',
-             f'  <assemblyIdentity type="win32" name="{name}" version="{major}.{minor}.0.0" '
-             f'processorArchitecture="{architecture}"/>',
-             f'  <file name="{name}.dll">']
+    lines = [*OPENING, "  " + assembly_identity(library, architecture), f'  <file name="{name}.dll">']
     lines += (f'    <comClass clsid="{braced(coclass.uuid)}" progid="{coclass.progid}" tlbid="{libid}" '
               f'threadingModel="{coclass.threading.capitalize()}" description={quoteattr(coclass.help)}/>'
               for coclass in library.coclasses if coclass.creatable)

@@ -102,7 +102,9 @@ def linked(facts):
 
 
 def remark(text):
-    return tag("p", text, class_="remark") if text else Html()
+    """A paragraph, in which what stands between backquotes is code."""
+    parts = [tag("code", part) if i % 2 else part for i, part in enumerate(text.split("`"))] if text else []
+    return tag("p", *parts, class_="remark") if parts else Html()
 
 
 def member_section(member):

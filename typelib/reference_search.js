@@ -11,7 +11,7 @@ function rank(entry, typed) {
   const last = name.slice(name.indexOf(".") + 1);
   if (name === typed || last === typed) return 0;
   if (name.startsWith(typed) || last.startsWith(typed)) return 1;
-  return name.includes(typed) ? 2 : 3;
+  return name.includes(typed) || name.includes(typed.replace(/\s+/g, "")) ? 2 : 3;
 }
 
 function matches(entry, words) {

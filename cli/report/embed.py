@@ -1,5 +1,5 @@
 """Writes the page of `orvane report` as C++: embed.py OUTPUT.cpp. The page is page.html with page.css and page.js in
-place of their marks, cut where the data of a folder go."""
+place of their marks and the English texts of english.json, cut where the data of a folder go."""
 
 import pathlib
 import sys
@@ -10,7 +10,7 @@ LONGEST_LITERAL = 8000  # compilers need not take more than 65535 characters
 
 def page():
     text = (FOLDER / "page.html").read_text(encoding="utf-8")
-    for mark, name in [("@@style@@", "page.css"), ("@@script@@", "page.js")]:
+    for mark, name in [("@@style@@", "page.css"), ("@@english@@", "english.json"), ("@@script@@", "page.js")]:
         text = text.replace(mark, (FOLDER / name).read_text(encoding="utf-8"))
     return text.split("@@data@@")
 

@@ -1,19 +1,24 @@
-"use strict";
 const texts = {
-  it: { title: "Documenti in coda", about: "{n} lavori di {folder}, {date}", channels: "Canali e stati", throughput: "Lavori terminati nel tempo",
-    waiting: "Attese, dall'inserimento alla fine", errors: "Errori", jobs: "Lavori", search: "Cerca in tutte le colonne",
+  it: { title: "Documenti in coda", about: "{n} lavori di {folder}, {date}", channels: "Canali e stati",
+    throughput: "Lavori terminati nel tempo", waiting: "Attese, dall'inserimento alla fine", errors: "Errori", jobs: "Lavori", search: "Cerca in tutte le colonne",
     found: "{n} di {all} lavori", more: "Mostra altri", close: "Chiudi", timeline: "Cronologia", none: "Nessuno",
     noxml: "L'XML di questo lavoro non è nella pagina (vedi --details).", kind: "Tipo", id: "Id", state: "Stato",
     created: "Inserito", outcome: "Esito", to: "Destinazione", user: "Utente", error: "Errore", count: "Lavori",
-    peak: "Al massimo {n} in {span}", median: "Mediana", most: "Massima", description: "Descrizione", file: "File", total: "Totale", failed: "Con errori",
+    peak: "Al massimo {n} in {span}", median: "Mediana", most: "Massima", description: "Descrizione", file: "File",
+    total: "Totale", failed: "Con errori", unreadable: "Illeggibile", linked: "collegato",
+    kinds: { stampa: "Stampa", fax: "Fax", pfax: "Fax da stampante", email: "E-mail", pbl: "Pubblicazione",
+      anteprima: "Anteprima" },
     phases: { waiting: "in attesa", working: "in lavorazione", done: "terminati", rejected: "respinti",
       withdrawn: "ritirati", unknown: "sconosciuti" } },
-  en: { title: "Jobs in the queue", about: "{n} jobs of {folder}, {date}", channels: "Channels and states", throughput: "Jobs ended over time",
-    waiting: "Waiting times, from insertion to end", errors: "Errors", jobs: "Jobs", search: "Search all columns",
+  en: { title: "Jobs in the queue", about: "{n} jobs of {folder}, {date}", channels: "Channels and states",
+    throughput: "Jobs ended over time", waiting: "Waiting times, from insertion to end", errors: "Errors", jobs: "Jobs", search: "Search all columns",
     found: "{n} of {all} jobs", more: "Show more", close: "Close", timeline: "Timeline", none: "None",
     noxml: "The XML of this job is not in the page (see --details).", kind: "Kind", id: "Id", state: "State",
     created: "Inserted", outcome: "Outcome", to: "Destination", user: "User", error: "Error", count: "Jobs",
-    peak: "At most {n} in {span}", median: "Median", most: "Longest", description: "Description", file: "File", total: "Total", failed: "With errors",
+    peak: "At most {n} in {span}", median: "Median", most: "Longest", description: "Description", file: "File",
+    total: "Total", failed: "With errors", unreadable: "Unreadable", linked: "linked",
+    kinds: { stampa: "Print", fax: "Fax", pfax: "Printer-fax", email: "E-mail", pbl: "Publication",
+      anteprima: "Preview" },
     phases: { waiting: "waiting", working: "working", done: "done", rejected: "rejected", withdrawn: "withdrawn",
       unknown: "unknown" } },
 };
@@ -21,13 +26,29 @@ const data = JSON.parse(document.getElementById("data").textContent);
 const columns = ["kind", "id", "state", "created", "outcome", "to", "user", "error"];
 const phases = Object.keys(texts.en.phases);
 const step = 200;
-const view = { language: (navigator.language || "").startsWith("it") ? "it" : "en", sort: "", down: false, shown: step };
+const view = { language: (navigator.language || "").startsWith("it") ? "it" : "en", sort: "", down: false, shown: step,
+  onPaper: false };
 
 const say = (key, values = {}) =>
   texts[view.language][key].replace(/\{(\w+)\}/g, (_, name) => values[name]);
 const locale = () => (view.language === "it" ? "it-IT" : "en-GB");
-const showDate = (date) => (date ? new Date(date).toLocaleString(locale(), { dateStyle: "short", timeStyle: "medium" }) : "");
+const dateLook = { dateStyle: "short", timeStyle: "medium" };
+const dates = { it: new Intl.DateTimeFormat("it-IT", dateLook), en: new Intl.DateTimeFormat("en-GB", dateLook) };
+const showDate = (date) => (date ? dates[view.language].format(new Date(date)) : "");
+const kindName = (kind) => texts[view.language].kinds[kind];
 const byId = (id) => document.getElementById(id);
+
+// The texts of a job file are Italian. Those of codes are fixed and have their English in english.json.
+const translated = (text) => (view.language === "en" && Object.hasOwn(english, text) ? english[text] : text);
+const custom = -1;
+const errorOf = (job) => (job.error === custom ? job.errorText : translated(job.errorText || ""));
+const stateOf = (job) => (job.failure ? say("unreadable") : translated(job.stateText || ""));
+
+// "DataInStampa" is "In stampa".
+function stampName(key) {
+  const words = key.replace(/^Data/, "").replace(/\B[A-Z]/g, (letter) => " " + letter.toLowerCase());
+  return translated(words);
+}
 
 // The only way by which anything gets into the page: texts stay texts.
 function make(tag, attributes = {}, ...children) {
@@ -38,17 +59,19 @@ function make(tag, attributes = {}, ...children) {
 }
 
 const cells = {
-  kind: (job) => job.kind + (job.of ? "/" + job.of : "") + (job.linked ? "+" : ""),
+  kind: (job) => kindName(job.kind) + (job.of ? ` (${kindName(job.of)})` : "") + (job.linked ? ", " + say("linked") : ""),
   id: (job) => job.id,
-  state: (job) => job.stateText || "",
+  state: stateOf,
   created: (job) => showDate(job.created),
-  outcome: (job) => job.outcomeText || "",
+  outcome: (job) => translated(job.outcomeText || ""),
   to: (job) => job.to || "",
   user: (job) => job.user || "",
-  error: (job) => job.failure || job.errorText || "",
+  error: (job) => job.failure || errorOf(job),
 };
 const sortKeys = { ...cells, created: (job) => job.created || "" };
-const searchText = (job) => (columns.map((name) => cells[name](job)).join("\n") + "\n" + (job.description || "")).toLowerCase();
+// What is shown, and what the file says where that is shown in other words.
+const searchText = (job) => [...columns.map((name) => cells[name](job)), job.description, job.kind, job.stateText, job.outcomeText,
+  job.errorText].join("\n").toLowerCase();
 
 function countBy(jobs, key) {
   const counts = new Map();
@@ -81,9 +104,9 @@ function showChannels() {
       part.style.flexGrow = jobs.filter((job) => job.phase === name).length;
       bar.append(part);
     }
-    const states = countBy(jobs, (job) => job.stateText || texts[view.language].phases.unknown);
+    const states = countBy(jobs, (job) => stateOf(job) || texts[view.language].phases.unknown);
     const list = make("p", {}, states.map(([state, n]) => `${state} ${n}`).join(", "));
-    return [kind, String(count), make("div", {}, bar, list)];
+    return [kindName(kind), String(count), make("div", {}, bar, list)];
   });
   byId("channels").replaceChildren(table([say("kind"), number(say("count")), say("state")], rows));
 }
@@ -120,7 +143,7 @@ function showWaiting() {
       .map((job) => (ends(job) - new Date(job.created)) / 1000).filter((wait) => wait >= 0).sort((a, b) => a - b);
     if (!waits.length) return [];
     const at = (part) => duration(waits[Math.floor((waits.length - 1) * part)]);
-    return [[kind, String(waits.length), at(0.5), at(0.9), at(1)]];
+    return [[kindName(kind), String(waits.length), at(0.5), at(0.9), at(1)]];
   });
   byId("waiting").replaceChildren(rows.length
     ? table([say("kind"), number(say("count")), number(say("median")), number("90%"), number(say("most"))], rows)
@@ -151,6 +174,7 @@ function sortBy(name) {
 
 function titleCell(name) {
   const mark = view.sort === name ? (view.down ? " ▼" : " ▲") : "";
+  if (view.onPaper) return make("th", {}, say(name) + mark);  // browsers do not repeat titles that are buttons
   const button = make("button", { type: "button", "data-sort": name }, say(name) + mark);
   button.addEventListener("click", () => sortBy(name));
   return make("th", { "aria-sort": mark ? (view.down ? "descending" : "ascending") : "none" }, button);
@@ -161,7 +185,7 @@ function jobRow(job) {
   for (const name of columns) {
     const look = name === "state" ? { class: "dot " + job.phase } : name === "error" ? { class: "failed" } : {};
     const text = cells[name](job);
-    row.append(make("td", { "data-title": say(name) }, ...(text ? [make("span", look, text)] : [])));
+    row.append(make("td", { class: name, "data-title": say(name) }, ...(text ? [make("span", look, text)] : [])));
   }
   row.addEventListener("click", () => showDetail(job));
   row.addEventListener("keydown", (event) => event.key === "Enter" && showDetail(job));
@@ -172,8 +196,9 @@ function showTable() {
   const jobs = chosenJobs();
   byId("found").textContent = say("found", { n: jobs.length, all: data.jobs.length });
   byId("table").tHead.replaceChildren(make("tr", {}, ...columns.map(titleCell)));
-  byId("table").tBodies[0].replaceChildren(...jobs.slice(0, view.shown).map(jobRow));
-  byId("more").hidden = jobs.length <= view.shown;
+  const shown = view.onPaper ? jobs : jobs.slice(0, view.shown);
+  byId("table").tBodies[0].replaceChildren(...shown.map(jobRow));
+  byId("more").hidden = shown.length === jobs.length;
 }
 
 function showDetail(job) {
@@ -182,10 +207,11 @@ function showDetail(job) {
   for (const name of columns) fact(say(name), cells[name](job));
   fact(say("description"), job.description);
   fact(say("file"), job.file);
-  const stamps = Object.entries(job.dates || {}).map(([name, date]) => make("li", {}, `${showDate(date)}  ${name.replace(/^Data/, "")}`));
+  const stamps = Object.entries(job.dates || {}).map(([name, date]) =>
+    make("li", {}, make("time", { datetime: date }, showDate(date)), " ", stampName(name)));
   const close = make("button", { type: "button", class: "close" }, say("close"));
   close.addEventListener("click", () => byId("detail").close());
-  byId("detail").replaceChildren(close, make("h2", {}, `${job.kind} ${job.id}`), facts,
+  byId("detail").replaceChildren(close, make("h2", {}, `${kindName(job.kind)} ${job.id}`), facts,
     make("h2", {}, say("timeline")), make("ol", {}, ...stamps), make("h2", {}, "XML"),
     job.xml ? make("pre", {}, job.xml) : make("p", {}, say("noxml")));
   byId("detail").showModal();
@@ -209,5 +235,7 @@ for (const button of document.querySelectorAll("[data-language]")) {
 }
 byId("search").addEventListener("input", () => { view.shown = step; showTable(); });
 byId("more").addEventListener("click", () => { view.shown += step; showTable(); });
-window.addEventListener("beforeprint", () => { view.shown = Infinity; showTable(); });
+for (const [event, onPaper] of [["beforeprint", true], ["afterprint", false]]) {
+  window.addEventListener(event, () => { view.onPaper = onPaper; showTable(); });
+}
 showAll();

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "cli/Json.h"
+#include "cli/Session.h"
 
 namespace orvane::cli {
 namespace {
@@ -32,6 +35,21 @@ TEST(AgeText, HasOneUnit) {
   EXPECT_EQ(ago(59.0 / 86400), "59s");
   EXPECT_EQ(ago(-1), "0s") << "a clock of another machine";
   EXPECT_EQ(ageText({}, now), "-");
+}
+
+TEST(JobTable, HasRoomForEveryStateWhereTheTerminalIsWide) {
+  const Session session;  // without it codes have no texts
+  for (const JobKind& kind : allJobKinds()) {
+    const QueueInfo& queue = queueOf(kind);
+    for (const EnumMember& state : queue.states->members) {
+      JobRow row;
+      row.kind = &kind;
+      row.stateText = toUtf8(describe(*queue.names, state.value));
+      std::ostringstream out;
+      JobTable(out, 140, Date{}).print(row);
+      EXPECT_NE(out.str().find("  " + row.stateText + "  "), std::string::npos) << out.str();
+    }
+  }
 }
 
 TEST(JsonText, EscapesWhatCouldEndATextOrBeginATag) {

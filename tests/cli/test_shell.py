@@ -56,6 +56,34 @@ class Completion(ShellTest):
         self.assertEqual(["jobs"], self.complete("show", "jobs/1.vqs", "--pages", "j"))
 
 
+class Mentions(ShellTest):
+    ROOT = SOURCES.parent
+
+    def missing(self, page, form):
+        text = (self.ROOT / page).read_text(encoding="utf-8")
+        return [command for command in self.commands() if not re.search(form.format(command), text)]
+
+    def test_both_readmes_name_every_command(self):
+        for page in ["README.md", "README.it.md"]:
+            self.assertEqual([], self.missing(page, r"\borvane {0}\b|`{0}`"), page)
+
+    def test_the_guide_shows_every_command(self):
+        self.assertEqual([], self.missing("docs/guide/command-line.md", r"(?m)^orvane {0} \S|^orvane {0}$"))
+
+    def test_the_manual_page_describes_every_command(self):
+        self.assertEqual([], self.missing("cli/orvane.1", r"(?m)^\.SS orvane {0} "))
+
+    def test_commands_that_the_pages_show_exist(self):
+        for page in ["README.md", "README.it.md", *self.ROOT.glob("docs/guide/*.md")]:
+            shown = set(re.findall(r"(?:^|`)orvane ([a-z]+)\b", (self.ROOT / page).read_text(encoding="utf-8"),
+                                   re.MULTILINE))
+            self.assertLessEqual(shown, {*self.commands()}, page)
+
+    def test_show_json_is_no_secret(self):
+        for page in ["README.md", "README.it.md", "docs/guide/command-line.md"]:
+            self.assertRegex((self.ROOT / page).read_text(encoding="utf-8"), r"\bshow\b[^\n]* --json")
+
+
 class ManualPage(ShellTest):
     def test_the_page_says_what_the_help_says(self):
         made = subprocess.run([sys.executable, "-B", SOURCES / "man.py", os.environ["ORVANE"]], capture_output=True,

@@ -52,6 +52,17 @@ class Watch(CommandLineTest):
         self.assertRegex(self.lines(program, 1)[0], r"^\* stampa +1 +.* Aghi ")
         self.assertEqual(0, program.wait(30))
 
+    def test_a_job_that_is_being_composed_is_shown_when_it_rests(self):
+        program = self.start("--count", "1")
+        self.lines(program, 3)
+        content = (self.folder / "jobs/1.vqs").read_bytes()
+        for printer in ["A", "B", "C", "D", "Aghi"]:
+            temporary = self.folder / "jobs/composed"
+            temporary.write_bytes(content.replace("Laser".encode("utf-16-le"), printer.encode("utf-16-le")))
+            os.replace(temporary, self.folder / "jobs/3.vqs")
+        self.assertRegex(self.lines(program, 1)[0], r"^\+ stampa +1 +.* Aghi ")
+        self.assertEqual(0, program.wait(30))
+
     def test_a_job_that_leaves_the_filter_is_shown_once_more(self):
         program = self.start("--count", "2", "--state", "waiting", "--kind", "stampa")
         self.lines(program, 2)

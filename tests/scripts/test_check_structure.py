@@ -9,6 +9,9 @@ import unittest
 SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "check-structure"
 
 SOUND = {
+    "CMakeLists.txt": "cmake_minimum_required(VERSION 3.25)\nproject(orvane VERSION 1.2.3 LANGUAGES CXX)\n",
+    "README.md": "versions 1.2.30, 1.2.3.4, 11.2.3 and 1.2\n",
+    "docs/performance.md": "measured with 1.2.3\n",
     "orvane.h": '#include "core/VqDocumenti.h"\n',
     "core/CMakeLists.txt":
         "orvane_sources(JobFile.cpp VqDocStampa.cpp # Lost.cpp\n  VqDocumenti.cpp PLATFORM Files Clock)\n",
@@ -65,6 +68,8 @@ VIOLATIONS = [
      "no CMakeLists.txt lists this file, so it is not built"),
     ("tests/typelib/test_lost.py", "", "tests/typelib/test_lost.py:1: "
      "no CMakeLists.txt lists this file, so it is not built"),
+    ("README.md", "Install\norvane_1.2.3_amd64.deb\n", "README.md:2: the version is stated again"),
+    ("docs/job-file.md", "Since 1.2.3.\n", "docs/job-file.md:1: the version is stated again"),
     ("fax/Modem.h", "#include <x>\n#ifdef _WIN32\n#endif\n",
      "fax/Modem.h:2: a platform condition outside a platform file"),
     ("queues/Queue.h", "#if 0\n# elif !defined(__linux__)\n#endif\n",

@@ -80,6 +80,28 @@ class Registration(unittest.TestCase):
                                    if coclass.creatable])
         self.assertEqual(root.find(ASSEMBLY + "assemblyIdentity").get("processorArchitecture"), "x86")
 
+    def test_a_client_depends_on_the_assembly_by_its_identity(self):
+        texts = [emit(self.library, "amd64") for emit in (emit_registration.assembly, emit_registration.dependency)]
+        server, client = (xml.etree.ElementTree.fromstring(text.encode()) for text in texts)
+        path = "/".join(ASSEMBLY + name for name in ("dependency", "dependentAssembly", "assemblyIdentity"))
+        self.assertEqual(client.find(path).attrib, server.find(ASSEMBLY + "assemblyIdentity").attrib)
+
+
+class Undate(unittest.TestCase):
+    def undated(self, date, seconds):
+        text = b"MSFT Created by WIDL version 7.0 at " + date + b"\nWW\x13\0" + seconds + b"WW"
+        with tempfile.TemporaryDirectory() as folder:
+            library = pathlib.Path(folder, "x.tlb")
+            library.write_bytes(text)
+            subprocess.run([sys.executable, "-B", str(TYPELIB / "undate.py"), str(library)], check=True)
+            self.assertEqual(library.stat().st_size, len(text))
+            return library.read_bytes()
+
+    def test_type_libraries_of_different_days_become_the_same(self):
+        first = self.undated(b"Sat Nov 21 15:02:20 2026", b"\x7c\xb2\x01\x6b")
+        second = self.undated(b"Sun Nov 22 03:12:21 2026", b"\x00\x0a\x02\x6b")
+        self.assertEqual(first, second)
+
 
 class Command(unittest.TestCase):
     def run_generator(self, text):

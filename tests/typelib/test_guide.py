@@ -55,6 +55,14 @@ class Samples(unittest.TestCase):
         for page, block in quoted:
             self.assertTrue(any(holds(sample, lines_of(block)) for sample in samples), f"{page.name}:\n{block}")
 
+    def test_code_in_other_languages_stands_in_an_example(self):
+        examples = [read(path) for path in sorted((ROOT / "examples").iterdir())]
+        quoted = [(page, block) for page in sorted(DOCS.glob("guide/*.md"))
+                  for block in blocks(page, "(?:js|pascal|python|powershell)")]
+        self.assertGreater(len(quoted), 2)
+        for page, block in quoted:
+            self.assertTrue(any(holds(example, lines_of(block)) for example in examples), f"{page.name}:\n{block}")
+
     def test_every_sample_is_built_and_quoted(self):
         listed = re.search(r"IN ITEMS ([\w ]+)\)", read(DOCS / "guide/samples/CMakeLists.txt")).group(1).split()
         found = sorted(path.stem for path in (DOCS / "guide/samples").glob("*.cpp"))

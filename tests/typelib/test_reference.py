@@ -4,15 +4,15 @@ import html.parser
 import json
 import pathlib
 import re
-import shutil
-import subprocess
 import sys
+import tempfile
 import unittest
 import xml.etree.ElementTree
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "typelib"))
+sys.path[:0] = [str(ROOT / "typelib"), str(ROOT / "tests/support")]
 
+import browser  # noqa: E402
 import idl  # noqa: E402
 import headers  # noqa: E402
 import reference  # noqa: E402
@@ -190,29 +190,56 @@ class Pages(unittest.TestCase):
         self.assertEqual(next(parsed(text).iter("title")).text, evil)
         self.assertNotIn("<script>alert", text)
 
-
-# A page's search field and list, as much of them as the search uses.
-DOCUMENT = """
-globalThis.document = {
-  search: {addEventListener() {}, value: ""},
-  found: {replaceChildren() {}, querySelector() {}},
-  getElementById(id) { return this[id]; },
-};
-"""
+    def test_names_between_backquotes_are_code(self):
+        self.assertEqual(reference_html.remark("Job file `Id`.vqf <x>"),
+                         '<p class="remark">Job file <code>Id</code>.vqf &lt;x&gt;</p>')
+        self.assertEqual([name for name, text in PAGES.items() if "`" in text], [])
 
 
-@unittest.skipUnless(shutil.which("node"), "no node to run the search with")
-class Search(unittest.TestCase):
+@unittest.skipUnless(browser.PROGRAM, browser.MISSING)
+class InBrowser(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        for name, text in OUTPUTS.items():
+            (cls.folder / name).write_text(text, encoding="utf-8")
+        cls.browser = cls.enterClassContext(browser.Browser())
+
+    def open(self, name):
+        self.browser.open(self.folder / name)
+
+
+class Look(InBrowser):
+    def test_no_page_has_to_be_moved_sideways_on_a_phone(self):
+        self.browser.window(390, 844, phone=True)
+        for name in ["index.html", "errors.html", "VqDocFax.html", "VqDocCatalogoSorgente.html",
+                     "enmVqVqDocFaxErrore.html"]:
+            self.open(name)
+            parts = [f'document.querySelector("{part}")?.scrollWidth ?? 0' for part in ("html", ".wide")]
+            for width in map(self.browser.run, parts):
+                self.assertLessEqual(width, 390, name)
+
+    def test_names_are_not_broken_on_a_screen(self):
+        self.browser.window(1280, 900)
+        self.open("index.html")
+        self.assertEqual([], self.browser.run('[...document.querySelectorAll("td:first-child code")]'
+                                              '.filter((name) => name.getClientRects().length !== 1)'
+                                              '.map((name) => name.textContent)'))
+
+
+class Search(InBrowser):
+    def setUp(self):
+        self.open("index.html")
+
     def found(self, typed):
-        ask = f"console.log(JSON.stringify(find({json.dumps(typed)}).map((entry) => entry[0])));"
-        program = DOCUMENT + OUTPUTS["entries.js"] + OUTPUTS["search.js"] + ask
-        run = subprocess.run(["node", "-"], input=program, capture_output=True, text=True, check=True)
-        return json.loads(run.stdout)
+        self.browser.run(f'field.value = {json.dumps(typed)}; field.dispatchEvent(new Event("input"))')
+        return self.browser.run('[...document.querySelectorAll("#found a")].map((link) => link.firstChild.textContent)')
 
     def test_the_name_itself_comes_first(self):
         self.assertEqual(self.found("VqDocFax")[0], "VqDocFax")
         self.assertEqual(self.found("vdd_a4")[0], "vdd_A4")
         self.assertEqual(self.found("numeroesteso")[0], "VqDocNumeroFax.NumeroEsteso")
+        self.assertEqual(self.found("coda fax")[0], "VqDocCodaFax")
 
     def test_keys_texts_and_error_numbers_are_found(self):
         self.assertIn("VqDocPagine.MaxAltezzaPagina", self.found("MassimaAltezzaPagina"))

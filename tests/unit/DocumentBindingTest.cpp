@@ -98,6 +98,13 @@ TYPED_TEST(DocumentBindingTest, FolderEmptyOrMissingRaises76AndLeavesTheDocument
   EXPECT_TRUE(this->folder.files().empty());
 }
 
+TYPED_TEST(DocumentBindingTest, ANameThatLeadsOutOfAMissingFolderRaises76) {
+  this->folder.write(u"a.vqs", "");
+  for (const char16_t* name : {u"..\\a.vqs", u"../a.vqs"}) {
+    EXPECT_EQ(errorOf([&] { this->document.Carica(this->folder.file(u"missing"), name); }), 76);
+  }
+}
+
 TYPED_TEST(DocumentBindingTest, FileInPlaceOfTheFolderRaises76) {
   this->folder.write(u"file", "");
   EXPECT_EQ(errorOf([&] { this->document.Inizializza(u"123", this->folder.file(u"file")); }), 76);

@@ -1,25 +1,11 @@
-// What calls cost through the vtable and late bound, next to an object that comes with the system. Prints
-// nanoseconds.
-#include <chrono>
-#include <cstdio>
-
+// What calls cost through the vtable and late bound, next to an object that comes with the system.
+#include "bench/windows/Measure.h"
 #include "tests/automation/Client.h"
 
 namespace {
 
 using namespace client;
-
-template <class Body>
-void measure(const char* what, int times, Body body) {
-  double best = 1e300;
-  for (int round = 0; round < 5; ++round) {
-    const auto begin = std::chrono::steady_clock::now();
-    for (int i = 0; i < times; ++i) body();
-    const std::chrono::duration<double, std::nano> took = std::chrono::steady_clock::now() - begin;
-    best = std::min(best, took.count() / times);
-  }
-  std::printf("%-44s %8.1f ns\n", what, best);
-}
+using orvane::bench::measureBest;
 
 class Bare : public IUnknown {
  public:
@@ -36,7 +22,7 @@ class Nothing final : public Bare {
 
 void measureInvoke(const char* what, IDispatch* object, const wchar_t* name) {
   const DISPID id = idOf(object, name);
-  measure(what, 300000, [&] {
+  measureBest(what, 300000, [&] {
     DISPPARAMS none{};
     VARIANT value;
     VariantInit(&value);
@@ -48,16 +34,16 @@ void measureNames(const char* what, IDispatch* object, const wchar_t* name) {
   std::wstring text = name;
   LPOLESTR names = text.data();
   DISPID id = DISPID_UNKNOWN;
-  measure(what, 300000, [&] { object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id); });
+  measureBest(what, 300000, [&] { object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id); });
 }
 
 void measureStampa(_VqDocStampa* stampa) {
   LONG number = 0;
-  measure("vtable get of a number", 1000000, [&] { stampa->get_Numero(&number); });
-  measure("vtable let of a number, not bound", 300000, [&] { stampa->put_Numero(5); });
+  measureBest("vtable get of a number", 1000000, [&] { stampa->get_Numero(&number); });
+  measureBest("vtable let of a number, not bound", 300000, [&] { stampa->put_Numero(5); });
   measureInvoke("Invoke get of a number", stampa, L"Numero");
   const DISPID id = idOf(stampa, L"Numero");
-  measure("Invoke let of a number, not bound", 300000, [&] {
+  measureBest("Invoke let of a number, not bound", 300000, [&] {
     VARIANT value;
     value.vt = VT_I4, value.lVal = 5;
     DISPID put = DISPID_PROPERTYPUT;
@@ -66,7 +52,7 @@ void measureStampa(_VqDocStampa* stampa) {
                    nullptr);
   });
   measureNames("GetIDsOfNames", stampa, L"Numero");
-  measure("vtable get of a component", 300000, [&] {
+  measureBest("vtable get of a component", 300000, [&] {
     Ptr<_VqDocProprieta> properties;
     stampa->get_Proprieta(properties.out());
   });
@@ -76,7 +62,7 @@ void measureAll() {
   Nothing nothing;
   Bare* volatile bare = &nothing;
   LONG number = 0;
-  measure("bare call", 1000000, [&] { bare->get_Number(&number); });
+  measureBest("bare call", 1000000, [&] { bare->get_Number(&number); });
   Ptr<IClassFactory> classes;
   Ptr<_VqDocumenti> factory;
   Ptr<_VqDocStampa> stampa;
