@@ -8,7 +8,8 @@ start_wine() {
   unset DISPLAY
   mkdir -p "$WINEPREFIX"
   wine_server -p || true  # one may be running already
-  timeout 300 wine wineboot --init
+  # Its services live on, and would keep a pipe open that somebody reads to the end.
+  timeout 300 wine wineboot --init >"$PWD/build/wine.log" 2>&1
 }
 
 stop_wine() { wine_server -k || true; }
