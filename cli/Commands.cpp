@@ -6,6 +6,8 @@
 #include "cli/PrettyXml.h"
 #include "cli/Session.h"
 #include "cli/Summary.h"
+#include "core/Apartment.h"
+#include "core/ProfileAccess.h"
 
 namespace orvane::cli {
 
@@ -46,6 +48,7 @@ std::string valueAt(const ObjectRef& document, const std::string& path) {
   return valueText(reading.value, reading.type, Form::Readable);
 }
 
+// What a new loading of the job does not give back is told.
 void remarkOnLostValues(const Console& console, const Session& session, const Job& job,
                         const std::string& pages, const std::vector<Assignment>& assignments) {
   std::vector<std::string> values;
@@ -59,6 +62,16 @@ void remarkOnLostValues(const Console& console, const Session& session, const Jo
     console.err << "orvane: note: " << path << " is not kept as it was set; the job loads with "
                 << (kept.empty() ? "no value" : '"' + printable(kept) + '"') << '\n';
   }
+}
+
+// All in one write, and looked at before it lands: what a server makes of the job then is not ours to remark
+// on.
+void assign(const Console& console, const Session& session, const Job& job, const std::string& pages,
+            const std::vector<Assignment>& assignments) {
+  Apartment::profileAccess().open(job.file.full())->together([&] {
+    perform(assignments);
+    remarkOnLostValues(console, session, job, pages, assignments);
+  });
 }
 
 Job openWithPages(const Session& session, const std::string& file, const std::string& pages) {
@@ -144,8 +157,7 @@ void newJob(const Console& console, const NewOptions& options) {
   if (!options.force) refuseExisting(job.file);
   const std::vector<Assignment> assignments = resolve(job.document, options.assignments);
   about(options.folder, [&] { initialise(job.document, options, inner, job.file.folder); });
-  perform(assignments);
-  remarkOnLostValues(console, session, job, {}, assignments);
+  assign(console, session, job, {}, assignments);
   console.out << job.file.given << '\n';
 }
 
@@ -153,8 +165,7 @@ void setMembers(const Console& console, const SetOptions& options) {
   const Session session;
   const Job job = openWithPages(session, options.file, options.pages);
   const std::vector<Assignment> assignments = resolve(job.document, options.assignments);
-  perform(assignments);
-  remarkOnLostValues(console, session, job, options.pages, assignments);
+  assign(console, session, job, options.pages, assignments);
 }
 
 void getMembers(const Console& console, const GetOptions& options) {

@@ -35,8 +35,8 @@ struct SetOptions {
   Strings assignments;
 };
 
-/// Change members. Nothing is changed where an assignment is not understood. A value that a new loading of
-/// the job does not give back is remarked on.
+/// Change members, all in one write. Nothing is changed where an assignment is not understood. A value that a
+/// new loading of the job does not give back is remarked on.
 void setMembers(const Console& console, const SetOptions& options);
 
 struct GetOptions {

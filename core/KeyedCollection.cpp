@@ -27,9 +27,7 @@ std::optional<double> canonicalNumber(TextView text) {
   if (!mayBeNumber(text)) return std::nullopt;
   const bool digitsOnly = text.find_first_not_of(u"0123456789") == TextView::npos;
   const Text separator = digitsOnly ? Text(u".") : decimalSeparator();
-  Text pointed(text);
-  if (const auto at = pointed.find(separator); at != Text::npos) pointed.replace(at, separator.size(), u".");
-  const auto number = parseNumber(pointed);
+  const auto number = parseNumber(text, separator);
   return number && displayText(*number, separator) == text ? number : std::nullopt;
 }
 

@@ -86,6 +86,22 @@ std::optional<double> parseAny(std::string_view digits, bool negative) {
   return isTiny(digits) ? 0 : negative ? -infinity : infinity;
 }
 
+Text displayText(double number, TextView separator, int digits) {
+  char buffer[kLongestNumber];
+  const double shown = number == 0 ? 0.0 : number;
+  const auto result =
+      std::to_chars(buffer, buffer + sizeof buffer, shown, std::chars_format::general, digits);
+  Text out;
+  for (const char* c = buffer; c != result.ptr; ++c) {
+    if (*c == '.') {
+      out += separator;
+    } else {
+      out += static_cast<char16_t>(*c == 'e' ? 'E' : *c);
+    }
+  }
+  return out;
+}
+
 }  // namespace
 
 std::int32_t roundToLong(double number) {
@@ -123,24 +139,19 @@ std::optional<double> parseNumber(TextView text) {
                                  : parseAny(digits, digits.starts_with('-'));
 }
 
+std::optional<double> parseNumber(TextView text, TextView separator) {
+  Text pointed(text);
+  if (const auto at = pointed.find(separator); at != Text::npos) pointed.replace(at, separator.size(), u".");
+  return parseNumber(pointed);
+}
+
 Text decimalText(std::int64_t number) {
   char buffer[kLongestNumber];
   return widen(buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr);
 }
 
-Text displayText(double number, TextView separator) {
-  char buffer[kLongestNumber];
-  const double shown = number == 0 ? 0.0 : number;
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, shown, std::chars_format::general, 15);
-  Text out;
-  for (const char* c = buffer; c != result.ptr; ++c) {
-    if (*c == '.') {
-      out += separator;
-    } else {
-      out += static_cast<char16_t>(*c == 'e' ? 'E' : *c);
-    }
-  }
-  return out;
-}
+Text displayText(double number, TextView separator) { return displayText(number, separator, 15); }
+
+Text displayText(float number, TextView separator) { return displayText(double{number}, separator, 7); }
 
 }  // namespace orvane

@@ -24,12 +24,16 @@ Text numberText(double number);
 /// spells none. A number beyond the largest double reads as infinity.
 std::optional<double> parseNumber(TextView text);
 
+/// The same where `separator` too may stand for the point.
+std::optional<double> parseNumber(TextView text, TextView separator);
+
 /// Decimal digits, with a leading minus for a negative value.
 Text decimalText(std::int64_t number);
 
-/// The run time's conversion of a double: at most 15 significant digits, "1E-05", the given decimal
-/// separator.
+/// The run time's conversion of a double or a single: at most 15 or 7 significant digits, "1E-05", the given
+/// decimal separator.
 Text displayText(double number, TextView separator);
+Text displayText(float number, TextView separator);
 
 /// The user's decimal separator. On Windows the user's regional setting; elsewhere what LC_ALL, LC_NUMERIC
 /// and LANG name.

@@ -11,12 +11,9 @@ namespace {
 
 [[noreturn]] void mismatch() { throw Error(ErrorNumber::TypeMismatch); }
 
-// With the user's separator first, so that a text that the library displayed reads back.
+// With the user's separator, so that a text that the library displayed reads back.
 double fromText(const Text& text) {
-  const Text separator = decimalSeparator();
-  Text pointed = text;
-  if (const auto at = pointed.find(separator); at != Text::npos) pointed.replace(at, separator.size(), u".");
-  const auto number = parseNumber(pointed);
+  const auto number = parseNumber(text, decimalSeparator());
   if (!number) mismatch();
   return *number;
 }
@@ -45,7 +42,9 @@ struct AsText {
   Text operator()(const Text& value) const { return value; }
   template <class T>
   Text operator()(const T& value) const {
-    if constexpr (std::is_arithmetic_v<T>) {
+    if constexpr (std::is_same_v<T, float>) {
+      return displayText(value, decimalSeparator());
+    } else if constexpr (std::is_arithmetic_v<T>) {
       return displayText(static_cast<double>(value), decimalSeparator());
     } else {
       mismatch();

@@ -1,6 +1,7 @@
 // A reference to one file: a folder and a name.
 #pragma once
 
+#include "core/Paths.h"
 #include "core/XmlWriter.h"
 
 namespace orvane {
@@ -12,7 +13,7 @@ class VqDocFile {
   Text Nome;      ///< the file name with its extension
 
   /// Folder, a backslash, name: the backslash stands even where a part is empty.
-  Text File() const { return Percorso + u'\\' + Nome; }
+  Text File() const { return joinPath(Percorso, Nome); }
 
   /// The first `Bytes` bytes of the file, one character a byte (read as Windows-1252). Error 53 for a missing
   /// file, 5 for a negative count.

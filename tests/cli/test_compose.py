@@ -1,5 +1,8 @@
 """The commands that make and change jobs: new, set, duplicate, attach, link."""
 
+import ctypes
+import os
+import sys
 import unittest
 
 from command_line import OK, CommandLineTest
@@ -107,6 +110,17 @@ class Set(CommandLineTest):
     def test_changes_what_is_named_and_nothing_else(self):
         self.orvane("set", self.job, "Copie=2", "Numero=7")
         self.assertEqual({"Stampante": "Laser", "Copie": "2", "Numero": "7"}, self.job_file(self.job)["Stampa"])
+
+    @unittest.skipUnless(sys.platform == "linux", "counts by what Linux tells")
+    def test_changes_all_in_one_write(self):
+        system = ctypes.CDLL(None, use_errno=True)
+        events = system.inotify_init1(os.O_NONBLOCK)
+        self.addCleanup(os.close, events)
+        moved_from, moved_to = 0x40, 0x80  # both, since the same event twice in a row is told once
+        jobs = os.fsencode(self.folder / "jobs")
+        self.assertGreater(system.inotify_add_watch(events, jobs, moved_from | moved_to), 0)
+        self.orvane("set", "jobs/1.vqs", "Copie=7", "Stampante=Aghi", "Coda.Codice=vdcs_InStampa", "Proprieta.Sigla=FAT")
+        self.assertEqual(1, os.read(events, 4096).count(b"1.vqs"))
 
     def test_changes_nothing_where_one_assignment_is_not_understood(self):
         before = (self.folder / self.job).read_bytes()

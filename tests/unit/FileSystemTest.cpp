@@ -9,6 +9,8 @@
 namespace orvane::test {
 namespace {
 
+constexpr uid_t kNobody = 65534;
+
 class FileSystemTest : public testing::Test {
  protected:
   TemporaryFolder folder;
@@ -90,12 +92,18 @@ TEST_F(FileSystemTest, MakesNoFolderInThePlaceOfAFile) {
 }
 
 TEST_F(FileSystemTest, RaisesPermissionDeniedWhereTheFolderRefuses) {
-  if (geteuid() == 0) GTEST_SKIP() << "nothing is refused to this user";
   folder.write(u"da", "x");
   folder.write(u"chiusa\\b", "y");
-  std::filesystem::permissions(folder.native(u"chiusa"), std::filesystem::perms{0500});
+  std::filesystem::permissions(folder.native(), std::filesystem::perms{0755});
+  std::filesystem::permissions(folder.native(u"chiusa"), std::filesystem::perms{0555});
+  const uid_t user = geteuid();
+  // Nothing is refused to root.
+  if (user == 0) {
+    ASSERT_EQ(seteuid(kNobody), 0);
+  }
   const int number = errorOf([&] { files->copyFile(folder.file(u"da"), folder.file(u"chiusa\\a")); });
-  std::filesystem::permissions(folder.native(u"chiusa"), std::filesystem::perms{0700});
+  ASSERT_EQ(seteuid(user), 0);
+  std::filesystem::permissions(folder.native(u"chiusa"), std::filesystem::perms{0755});
   EXPECT_EQ(number, 70);
 }
 

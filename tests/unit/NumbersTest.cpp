@@ -1,5 +1,7 @@
 #include "core/Numbers.h"
 
+#include <unistd.h>
+
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
@@ -176,10 +178,18 @@ TEST_F(UserSeparator, IsAPointWhereTheSettingsNameNoKnownRegion) {
 }
 
 TEST_F(UserSeparator, FollowsTheUserWithoutTouchingTheProgram) {
-  use("it_IT.UTF-8");
-  if (decimalSeparator() != u",") GTEST_SKIP() << "no Italian regional settings on this machine";
-  EXPECT_EQ(displayText(1.5, decimalSeparator()), u"1,5");
-  EXPECT_STREQ(std::localeconv()->decimal_point, ".");
+  const TemporaryFolder settings;
+  const std::string made = settings.native(u"it_IT.UTF-8");
+  if (std::system(("localedef --no-archive -i it_IT -f UTF-8 " + made).c_str()) != 0)
+    GTEST_SKIP() << "this machine cannot make Italian regional settings";
+  const auto follows = [&] {
+    setenv("LOCPATH", settings.native().c_str(), 1);
+    use("it_IT.UTF-8");
+    return displayText(1.5, decimalSeparator()) == u"1,5" &&
+           std::localeconv()->decimal_point == std::string(".");
+  };
+  // In a process of its own: the C library keeps what it has read of LOCPATH for good.
+  EXPECT_EXIT(_exit(follows() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace
