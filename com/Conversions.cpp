@@ -4,6 +4,7 @@
 
 #include "com/EnumVariant.h"
 #include "com/Object.h"
+#include "core/Error.h"
 
 namespace orvane::com {
 
@@ -61,8 +62,13 @@ Variant objectIn(const VARIANT& value) {
   return own ? Variant(own->self()) : foreign(value);
 }
 
+// Arrays in arrays deeper than this are refused: one may hold a reference to itself.
+constexpr int kDeepestArray = 32;
+
+VariantArray takeArray(SAFEARRAY* array, int depth);
+
 // A value as it is, by the type that it has.
-Variant carried(const VARIANT& value) {
+Variant carried(const VARIANT& value, int depth = 0) {
   switch (value.vt) {
     case VT_EMPTY:
       return {};
@@ -87,7 +93,7 @@ Variant carried(const VARIANT& value) {
     case VT_BSTR:
       return take(value.bstrVal);
     case kVariantArray:
-      return take(value.parray);
+      return takeArray(value.parray, depth);
     case VT_DISPATCH:
     case VT_UNKNOWN:
       return objectIn(value);
@@ -146,6 +152,24 @@ VariantArray::Dimension dimensionOf(SAFEARRAY* array, UINT number) {
   return {static_cast<std::int32_t>(lower), static_cast<std::uint32_t>(upper - lower + 1)};
 }
 
+VariantArray takeArray(SAFEARRAY* array, int depth) {
+  if (depth > kDeepestArray) throw Error(ErrorNumber::OutOfStackSpace);
+  VariantArray taken;
+  if (!array) return taken;
+  VARTYPE type = VT_EMPTY;
+  if (FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT) throw Failure{DISP_E_TYPEMISMATCH};
+  std::size_t count = 1;
+  for (UINT number = 1; number <= SafeArrayGetDim(array); ++number) {
+    taken.dimensions.push_back(dimensionOf(array, number));
+    count *= taken.dimensions.back().count;
+  }
+  const ArrayAccess access(array);
+  VARIANT room;
+  for (std::size_t i = 0; i < count; ++i)
+    taken.items.push_back(carried(dereferenced(access.items[i], room), depth + 1));
+  return taken;
+}
+
 SAFEARRAY* newArray(const VariantArray& value) {
   std::vector<SAFEARRAYBOUND> bounds;
   for (const auto& dimension : value.dimensions) bounds.push_back({dimension.count, dimension.lowerBound});
@@ -192,21 +216,7 @@ Text take(BSTR value) {
   return Text(reinterpret_cast<const char16_t*>(value), SysStringLen(value));
 }
 
-VariantArray take(SAFEARRAY* array) {
-  VariantArray taken;
-  if (!array) return taken;
-  VARTYPE type = VT_EMPTY;
-  if (FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT) throw Failure{DISP_E_TYPEMISMATCH};
-  std::size_t count = 1;
-  for (UINT number = 1; number <= SafeArrayGetDim(array); ++number) {
-    taken.dimensions.push_back(dimensionOf(array, number));
-    count *= taken.dimensions.back().count;
-  }
-  const ArrayAccess access(array);
-  VARIANT room;
-  for (std::size_t i = 0; i < count; ++i) taken.items.push_back(carried(dereferenced(access.items[i], room)));
-  return taken;
-}
+VariantArray take(SAFEARRAY* array) { return takeArray(array, 0); }
 
 Variant take(const VARIANT& value) {
   VARIANT room;

@@ -7,7 +7,7 @@
 namespace orvane::com {
 
 /// What an argument holds. A null string is the empty text; of an array bounds and dimensions are kept; a
-/// null array has no dimensions.
+/// null array has no dimensions. Error 28 for arrays that lie in each other too deep.
 inline std::int32_t take(LONG value) { return static_cast<std::int32_t>(value); }
 inline bool take(VARIANT_BOOL value) { return value != VARIANT_FALSE; }
 inline Date take(DATE value) { return {value}; }

@@ -2,6 +2,7 @@
 
 #include "com/Errors.h"
 #include "com/Lock.h"
+#include "com/Reserve.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;  // the linker's name for the start of this module
 
@@ -31,7 +32,10 @@ HRESULT loadTypeLibrary() noexcept {
 
 }  // namespace
 
-void Module::enter() noexcept { InterlockedIncrement(&users); }
+void Module::enter() noexcept {
+  InterlockedIncrement(&users);
+  Reserve::refill();
+}
 
 void Module::leave() noexcept {
   if (InterlockedDecrement(&users) == 0) forgetTypeLibrary();

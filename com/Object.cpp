@@ -96,10 +96,15 @@ STDMETHODIMP Object::InterfaceSupportsErrorInfo(REFIID iid) {
 Object* automationObject(const ObjectRef& self) {
   if (!self) return nullptr;
   const Lock lock(objectsLock);
-  Object*& object = objects()[keyOf(self)];
+  const auto place = objects().try_emplace(keyOf(self), nullptr).first;
+  Object*& object = place->second;
   if (object && object->tryAddReference()) return object;
-  object = nullptr;
-  return object = identityOf(*self.type).make(self);
+  try {
+    return object = identityOf(*self.type).make(self);
+  } catch (...) {
+    objects().erase(place);
+    throw;
+  }
 }
 
 Object* findOwnObject(IUnknown* given) noexcept {

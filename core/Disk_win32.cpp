@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <new>
 
+#include "core/Error.h"
+#include "core/Paths.h"
 #include "core/Paths_win32.h"
 #include "core/Patience.h"
 #include "core/SystemError.h"
@@ -16,6 +18,7 @@ namespace {
 constexpr std::int64_t kFileTimeUnit = 100;                        // nanoseconds
 constexpr std::int64_t kFileTimeOf1970 = 116'444'736'000'000'000;  // units since 1601
 constexpr std::uint64_t kLargestFile = 0x7FFFFFFF;
+constexpr std::size_t kLongestName = 255;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 // How long a reader or a virus scanner may hold a file before that is an error.
 constexpr std::chrono::seconds kLongestHold{2};
@@ -46,7 +49,7 @@ FILETIME preciseTime() {
 bool isMissing(DWORD code) { return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND; }
 bool isHeld(DWORD code) {
   return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION || code == ERROR_ACCESS_DENIED ||
-         code == ERROR_USER_MAPPED_FILE;
+         code == ERROR_USER_MAPPED_FILE || code == ERROR_DELETE_PENDING;
 }
 
 bool isFolder(const std::wstring& path) {
@@ -129,7 +132,14 @@ std::int64_t timeOfChange(const Stamp& old) {
       {nanoseconds(preciseTime()), nanoseconds(tick) + kFileTimeUnit, old.modified + kFileTimeUnit});
 }
 
-std::string DiskFile::targetOf(std::string path) { return path; }
+// A name with a colon leads to another stream of a file, and what the system says of too long a name depends
+// on its version.
+std::string DiskFile::targetOf(std::string path) {
+  const Text name = fromUtf8(path.substr(folderLength(path)));
+  const bool bad = name.find(u':') != Text::npos || name.size() > kLongestName;
+  if (bad) throw Error(ErrorNumber::BadFileName);
+  return path;
+}
 
 bool DiskFile::tryStamp(Stamp& stamp) const noexcept {
   WIN32_FILE_ATTRIBUTE_DATA state{};
@@ -161,7 +171,11 @@ Stamp DiskFile::read(std::string& bytes) const {
     bytes.clear();
     const Handle file(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
     const DWORD code = file.isOpen() ? ERROR_SUCCESS : GetLastError();
-    if (isMissing(code)) return {};
+    if (isMissing(code)) {
+      // A file taken for missing would be written anew without its values: two calls must agree.
+      if (!stamp().exists || !patience.wait()) return {};
+      continue;
+    }
     if (isFolder(path)) raiseSystemError(ERROR_DIRECTORY);
     if (!file.isOpen()) {
       if (!isHeld(code) || !patience.wait()) raiseSystemError(code);

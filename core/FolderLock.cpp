@@ -1,5 +1,6 @@
 #include "core/FolderLock.h"
 
+#include <mutex>
 #include <unordered_map>
 
 #include "core/Error.h"

@@ -2,9 +2,9 @@
 // folder, one to write and others to queue.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace orvane {
@@ -78,12 +78,21 @@ class FolderLock {
   void unlock(std::uint32_t number) noexcept;
 
  private:
+  // Some systems' mutexes ask for memory when they are first used, and take its lack for one that is held.
+  class Use {
+   public:
+    bool try_lock() noexcept { return !taken_.test_and_set(std::memory_order_acquire); }
+    void unlock() noexcept { taken_.clear(std::memory_order_release); }
+
+   private:
+    std::atomic_flag taken_;
+  };
+
   template <class Wait>
   void queueUp(std::uint32_t number, Wait&& wait);
 
   LockFile file_;
-  std::mutex
-      used_;  // a job file may be handed to another thread, and the bytes would not keep two users apart
+  Use used_;  // a job file may be handed to another thread, and the bytes would not keep two users apart
 };
 
 /// Holds one lock of a folder while in scope.

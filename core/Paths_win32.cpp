@@ -27,9 +27,13 @@ Text absolute(const std::wstring& path) {
 
 }  // namespace
 
+// The name of a device leads to it from every folder.
 std::string nativePath(TextView published) {
   if (published.find(u'\0') != TextView::npos) throw Error(ErrorNumber::BadFileName);
-  return published.empty() ? std::string() : toUtf8(absolute(toWide(published)));
+  if (published.empty()) return {};
+  const Text path = absolute(toWide(published));
+  if (path.starts_with(u"\\\\.\\")) throw Error(ErrorNumber::BadFileName);
+  return toUtf8(path);
 }
 
 std::size_t folderLength(const std::string& nativePath) { return nativePath.rfind('\\') + 1; }

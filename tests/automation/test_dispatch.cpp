@@ -201,6 +201,19 @@ TEST_F(Dispatch, PropertiesAndMethodsAnswerToEitherRequest) {
   }
 }
 
+TEST_F(Dispatch, AnArrayThatHoldsItselfIsError28) {
+  Ptr<_VqDocPagina> pagina;
+  ASSERT_EQ(S_OK, pagine->Nuova(pagina.out()));
+  SAFEARRAYBOUND one{1, 0};
+  SAFEARRAY* array = SafeArrayCreate(VT_VARIANT, 1, &one);
+  auto* const item = static_cast<VARIANT*>(array->pvData);
+  item->vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
+  item->pparray = &array;
+  EXPECT_EQ(runtimeError(28), pagina->put_ArrayTxt(array));
+  EXPECT_EQ(0u, array->cLocks);
+  SafeArrayDestroy(array);
+}
+
 TEST_F(Dispatch, ArraysKeepTheirBoundsAndForeignValues) {
   Ptr<_VqDocPagina> pagina;
   ASSERT_EQ(S_OK, pagine->Nuova(pagina.out()));

@@ -6,6 +6,9 @@ import shutil
 import subprocess
 
 SYSTEM = {"x86": "c:/windows/syswow64", "x64": "c:/windows/system32"}
+# The loader for 32-bit programs sees the 32-bit system folder only, and never says so.
+LOADER = {"x86": "wine", "x64": shutil.which("wine64") or "/usr/lib/wine/wine64"}
+PROCESSOR = {"x86": "x86", "x64": "AMD64"}
 
 
 def wineserver():
@@ -22,9 +25,11 @@ class Wine:
         self.run("wineboot", "--init", timeout=300)
         # The first script has Wine register what scripts need.
         script = self.drive / "first.vbs"
-        script.write_text("WScript.Echo 1\r\n", encoding="ascii")
-        for architecture in SYSTEM:
-            self.script(architecture, "c:/first.vbs")
+        script.write_text('WScript.Echo CreateObject("WScript.Shell").ExpandEnvironmentStrings("%PROCESSOR_ARCHITECTURE%")\r\n',
+                          encoding="ascii")
+        for architecture, processor in PROCESSOR.items():
+            told = self.script(architecture, "c:/first.vbs")[1].strip()
+            assert told == processor, f"the {architecture} script host is one for {told}"
         script.unlink()
         # Every user of Windows has this key, of Wine only those who have something in it.
         self.run("reg", "add", r"HKCU\Software\Classes", "/f")
@@ -33,14 +38,14 @@ class Wine:
         return subprocess.Popen(["wine", *map(str, command)], env=self.environment, stdout=subprocess.PIPE,
                                 stderr=subprocess.DEVNULL, encoding="utf-8")
 
-    def run(self, *command, timeout=120):
+    def run(self, *command, timeout=120, loader="wine"):
         """Exit code and output."""
-        done = subprocess.run(["wine", *map(str, command)], env=self.environment, stdout=subprocess.PIPE,
+        done = subprocess.run([loader, *map(str, command)], env=self.environment, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL, encoding="utf-8", timeout=timeout, check=False)
         return done.returncode, done.stdout
 
     def script(self, architecture, *command):
-        return self.run(f"{SYSTEM[architecture]}/cscript.exe", "//nologo", *command)
+        return self.run(f"{SYSTEM[architecture]}/cscript.exe", "//nologo", *command, loader=LOADER[architecture])
 
     def shut_down(self):
         """Once all programs have ended; then the registry is on the disk."""

@@ -68,4 +68,5 @@ Dim preview: Set preview = factory.NuovoDocumentoAnteprima
 Check "kind given", True, preview.ImpostaDocumento(1)
 preview.Inizializza "5", 1, folder
 Check "preview bound", True, preview.Inizializzato
+If failures = 0 Then WScript.Echo "PASSED"
 WScript.Quit failures

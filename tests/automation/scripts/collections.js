@@ -28,4 +28,5 @@ try {
   check("number", 76, error.number & 0xFFFF);
   check("text", "Path not found", error.description);
 }
+if (failures === 0) WScript.Echo("PASSED");
 WScript.Quit(failures);

@@ -54,4 +54,5 @@ pagina.DistruggiArray
 Dim email: Set email = factory.NuovoDocumentoEmail
 Check "no attachment", 0, email.Allegati.Count
 Check "no such key", False, email.Allegati.Exists("nessuno")
+If failures = 0 Then WScript.Echo "PASSED"
 WScript.Quit failures

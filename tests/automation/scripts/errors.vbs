@@ -52,4 +52,5 @@ Expect "no factory", 91, kSource, "Object variable or With block variable not se
 Set factory = CreateObject("OrvaneDocumenti.VqDocumenti")
 stampa.Stampante = "Laser"
 Expect "factory again", 0, "", ""
+If failures = 0 Then WScript.Echo "PASSED"
 WScript.Quit failures

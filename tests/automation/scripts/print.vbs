@@ -81,4 +81,5 @@ For Each linked In copy.Collegati
 Next
 Check "copied ids", "200_7 200_8 ", ids
 Check "job files", True, CreateObject("Scripting.FileSystemObject").FileExists(folder & "\200_7.lvq")
+If failures = 0 Then WScript.Echo "PASSED"
 WScript.Quit failures
