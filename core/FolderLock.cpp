@@ -67,21 +67,17 @@ void FolderLock::unlock(std::uint32_t number) noexcept {
   used_.unlock();
 }
 
+// Who comes past a queue gives the byte back at once, and the first of the queue tries again and again.
 bool LockFile::tryLock(std::uint32_t number) {
   open();
-  return takeAll(number) && keepPresent(give(queueOf(number), kPlaces));
-}
-
-// Windows, and servers of its protocol, give a range back only as it was taken: the queue is one by itself.
-bool LockFile::takeAll(std::uint32_t number) {
-  if (!take(queueOf(number), kPlaces)) return false;
+  if (!take(writerOf(number), 1)) return false;
   try {
-    if (take(writerOf(number), 1)) return true;
+    if (isFree(queueOf(number), kPlaces)) return keepPresent(true);
   } catch (...) {
     close();
     throw;
   }
-  if (!give(queueOf(number), kPlaces)) close();
+  unlock(number);
   return false;
 }
 

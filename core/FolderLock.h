@@ -49,7 +49,6 @@ class LockFile {
 
   void open();
   void close() noexcept;
-  bool takeAll(std::uint32_t number);
   bool take(std::uint64_t offset, std::uint64_t length);
   bool give(std::uint64_t offset, std::uint64_t length) noexcept;
   bool isFree(std::uint64_t offset, std::uint64_t length);
