@@ -203,19 +203,37 @@ TEST_F(Store, LocksInALockFileThatAnotherHasJustMade) {
   EXPECT_EQ(valueNow(), u"2");
 }
 
-TEST_F(Store, KeepsNothingOfTheQueueWhereTheWritersByteIsRefused) {
-  LockFile holder(lockFolder()), newcomer(lockFolder()), other(lockFolder());
+TEST_F(Store, GivesTheLockBackWhereSomebodyQueuesEvenWhereThatFails) {
+  LockFile holder(lockFolder()), waiting(lockFolder()), newcomer(lockFolder());
   ASSERT_TRUE(holder.tryLock(number_));
-  EXPECT_FALSE(newcomer.tryLock(number_));
-  EXPECT_EQ(errorWith({.at = 2, .code = EIO, .name = "fcntl"}, [&] { newcomer.tryLock(number_); }), 0);
+  LockFile::Place place{1000};
+  ASSERT_FALSE(waiting.tryLockInTurn(number_, place));
   holder.unlock(number_);
-  EXPECT_TRUE(other.tryLock(number_));
+  for (const int failing : {-1, 2}) {
+    bool had = true;
+    const int error =
+        errorWith({.at = failing, .code = EIO, .name = "fcntl"}, [&] { had = newcomer.tryLock(number_); });
+    EXPECT_EQ(error, 0);
+    EXPECT_FALSE(had);
+  }
+  EXPECT_TRUE(waiting.tryLockInTurn(number_, place));
 }
 
-TEST_F(Store, KeepsNothingOfTheQueueWhereTheWritersByteFails) {
+TEST_F(Store, GivesTheLockBackWhereTheQueueCannotBeLookedAt) {
   LockFile file(lockFolder());
   EXPECT_EQ(errorWith({.at = 1, .code = EIO, .name = "fcntl"}, [&] { file.tryLock(number_); }), 57);
   EXPECT_TRUE(LockFile(lockFolder()).tryLock(number_));
+}
+
+TEST_F(Store, BeginsAgainWhereAPlaceInTheQueueCannotBeGivenBack) {
+  LockFile file(lockFolder());
+  LockFile::Place place{1000};
+  bool had = true;
+  EXPECT_EQ(
+      errorWith({.at = 3, .code = EIO, .name = "fcntl"}, [&] { had = file.tryLockInTurn(number_, place); }),
+      0);
+  EXPECT_FALSE(had);
+  EXPECT_TRUE(LockFile(lockFolder()).tryLock(number_)) << "the lock or the place is kept";
 }
 
 // Ranges are given back as they were taken, which is all that servers of SMB understand.
