@@ -324,7 +324,7 @@ TEST(Invoke, BearsAnyCall) {
   Memory::watch(Server::module());
   const auto end =
       std::chrono::steady_clock::now() +
-      std::chrono::seconds(fromEnvironment("ORVANE_FUZZ_SECONDS", 10) * static_cast<unsigned>(soakFactor()));
+      std::chrono::seconds(fromEnvironment("ORVANE_FUZZ_SECONDS", 30) * static_cast<unsigned>(soakFactor()));
   const unsigned first = fromEnvironment("ORVANE_FUZZ_SEED", 1);
   unsigned seed = first;
   long calls = 0;
