@@ -11,13 +11,14 @@ void checkBinding(bool initialised, TextView folder) {
 }
 
 void checkLoading(bool initialised, TextView folder, TextView fileName) {
+  const auto isThere = [&] {
+    return !fileName.empty() && Apartment::fileSystem().fileExists(joinPath(folder, fileName));
+  };
   // What is in a folder shows that the folder is there, unless the name leads out of it.
-  const bool inside =
-      !folder.empty() && !fileName.empty() && fileName.find_first_of(u"\\/") == TextView::npos;
-  if (initialised || !inside) checkBinding(initialised, folder);
-  if (!fileName.empty() && Apartment::fileSystem().fileExists(joinPath(folder, fileName))) return;
+  const bool shows = !initialised && !folder.empty() && fileName.find_first_of(u"\\/") == TextView::npos;
+  if (shows && isThere()) return;
   checkBinding(initialised, folder);
-  throw Error(ErrorNumber::FileNotFound);
+  if (shows || !isThere()) throw Error(ErrorNumber::FileNotFound);
 }
 
 void Document::Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collegato) {

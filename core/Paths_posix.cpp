@@ -2,18 +2,16 @@
 
 #include "core/Error.h"
 #include "core/Paths.h"
+#include "core/Units.h"
 
 namespace orvane {
 
 namespace {
 
-bool isHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 bool canBeName(TextView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool pair = isHigh(text[i]) && i + 1 < text.size() && isLow(text[i + 1]);
-    if (text[i] == 0 || (!pair && (isHigh(text[i]) || isLow(text[i])))) return false;
+    const bool pair = isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]);
+    if (text[i] == 0 || (!pair && (isHighSurrogate(text[i]) || isLowSurrogate(text[i])))) return false;
     if (pair) ++i;
   }
   return true;
