@@ -6,6 +6,7 @@
 #include "cli/Failure.h"
 #include "cli/JobRow.h"
 #include "cli/MemberList.h"
+#include "codes/VqDocResDll.h"
 #include "core/Apartment.h"
 #include "core/Disk.h"
 #include "core/Numbers.h"
@@ -18,10 +19,6 @@ namespace {
 
 constexpr std::int64_t kSecond = 1'000'000'000;
 constexpr std::int64_t kLongestWrite = 10 * kSecond;
-constexpr TextView kTemporaryStart = u".orvane-", kTemporaryEnd = u".tmp";
-
-// How the text begins that stands for one that is missing.
-constexpr TextView kMissingText = u"Manca la risora: ";
 
 bool isThere(const Text& file) { return Apartment::fileSystem().fileExists(file); }
 
@@ -110,7 +107,7 @@ class JobCheck {
   }
 
   void checkCode(const MemberLine& line) const {
-    const std::size_t text = line.value.find(toUtf8(kMissingText));
+    const std::size_t text = line.value.find(toUtf8(VqDocResDll::kMissing));
     const bool isCode = line.path.find("Codice") != std::string::npos;
     if (isCode && text != std::string::npos) {
       found(line.path + " is " + withoutEnd(line.value.substr(0, text)) + ", a code without a text");
@@ -125,10 +122,6 @@ class JobCheck {
   const Job& job_;
   const Report& report_;
 };
-
-bool isTemporary(const Text& name) {
-  return name.starts_with(kTemporaryStart) && name.ends_with(kTemporaryEnd);
-}
 
 void checkTemporary(const std::string& file, const Report& report) {
   const Stamp stamp = DiskFile(FileName(file).full()).stamp();
@@ -154,11 +147,11 @@ void checkJob(const Session& session, const std::string& file, const Report& rep
 void checkFolder(const Session& session, const std::string& folder, const Report& report) {
   std::set<Text> names;
   visitFiles(folder, [&](const Text& name) {
-    if (isTemporary(name) || !jobKindsOfFile(name).empty()) names.insert(name);
+    if (isTemporaryName(name) || !jobKindsOfFile(name).empty()) names.insert(name);
   });
   for (const Text& name : names) {
     const std::string file = FileName(fromUtf8(folder), name).given;
-    isTemporary(name) ? checkTemporary(file, report) : checkJob(session, file, report);
+    isTemporaryName(name) ? checkTemporary(file, report) : checkJob(session, file, report);
   }
 }
 

@@ -15,8 +15,7 @@ void VqDocResDll::DllName(TextView name) {
 
 Text VqDocResDll::LoadDllString(std::int32_t index, std::int32_t) const {
   Text text = ownText(index);
-  // "risora" is how the text has always been spelled.
-  return text.empty() ? u"Manca la risora: " + decimalText(index) + u" " + kTitle : text;
+  return text.empty() ? Text(kMissing) + decimalText(index) + u" " + kTitle : text;
 }
 
 }  // namespace orvane

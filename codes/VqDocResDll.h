@@ -25,7 +25,10 @@ class VqDocResDll {
   void DllName(TextView name);
   const Text& DllName() const { return name_; }
 
-  /// The text of that number, or "Manca la risora: " with the number and the component's title where there is
+  /// How the text begins that stands for one that is missing; "risora" is how it has always been spelled.
+  static constexpr TextView kMissing = u"Manca la risora: ";
+
+  /// The text of that number, or `kMissing` with the number and the component's title where there is
   /// none. `length` is not looked at. Never fails.
   Text LoadDllString(std::int32_t index, std::int32_t length = 255) const;
 

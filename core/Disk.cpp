@@ -15,11 +15,13 @@ using std::chrono::nanoseconds;
 constexpr nanoseconds kTick = std::chrono::milliseconds(50);
 constexpr nanoseconds kCoarseTick = std::chrono::seconds(2);
 
+constexpr std::string_view kTemporaryStart = ".orvane-", kTemporaryEnd = ".tmp";
+
 std::string temporaryName(std::uint32_t number) {
   constexpr char kDigits[] = "0123456789abcdef";
-  std::string name = ".orvane-00000000.tmp";
-  for (std::size_t digit = 0; digit < 8; ++digit) name[15 - digit] = kDigits[(number >> (4 * digit)) & 0xF];
-  return name;
+  std::string name(kTemporaryStart);
+  for (int shift = 28; shift >= 0; shift -= 4) name += kDigits[(number >> shift) & 0xF];
+  return name.append(kTemporaryEnd);
 }
 
 }  // namespace
@@ -39,6 +41,11 @@ std::uint32_t lockNumberOf(TextView fileName) {
   std::uint32_t hash = 0x811C9DC5;
   for (const char byte : toUtf8(folded)) hash = (hash ^ static_cast<std::uint8_t>(byte)) * 0x01000193u;
   return hash;
+}
+
+bool isTemporaryName(TextView fileName) {
+  const std::string name = toUtf8(fileName);
+  return name.starts_with(kTemporaryStart) && name.ends_with(kTemporaryEnd);
 }
 
 DiskFile::DiskFile(TextView fullName) : path_(nativePath(fullName)) {

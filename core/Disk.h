@@ -88,4 +88,7 @@ class DiskFile {
 /// name in lower case.
 std::uint32_t lockNumberOf(TextView fileName);
 
+/// True for the name of a temporary that `replace` makes.
+bool isTemporaryName(TextView fileName);
+
 }  // namespace orvane
