@@ -47,6 +47,20 @@ const std::uint32_t kNumber = lockNumberOf(u"job.vqs");
 
 using JobFileLock = JobFolder;
 
+// `other` holds its lock, and gives it back after that time.
+template <class Write>
+void expectToWaitFor(const Outsider& other, Write write, std::chrono::milliseconds held = 100ms) {
+  std::atomic<bool> released = false;
+  std::thread holder([&] {
+    std::this_thread::sleep_for(held);
+    released = true;
+    other.unlock();
+  });
+  write();
+  EXPECT_TRUE(released);
+  holder.join();
+}
+
 TEST(JobFileLockNumber, IsThatOfTheDocumentedExample) {
   EXPECT_EQ(lockNumberOf(u""), 0x811C9DC5u);
   EXPECT_EQ(lockNumberOf(u"123.vqf"), lockNumberOf(u"123.VQF"));
@@ -58,15 +72,7 @@ TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
   JobFile file(published());
   const Outsider other(folder_, kNumber);
   ASSERT_TRUE(other.lock());
-  std::atomic<bool> released = false;
-  std::thread holder([&] {
-    std::this_thread::sleep_for(100ms);
-    released = true;
-    other.unlock();
-  });
-  file.write(u"A", u"k", u"1");
-  EXPECT_TRUE(released);
-  holder.join();
+  expectToWaitFor(other, [&] { file.write(u"A", u"k", u"1"); });
 }
 
 TEST_F(JobFileLock, AWriteWaitsForWhoeverQueuesBeforeIt) {
@@ -74,15 +80,8 @@ TEST_F(JobFileLock, AWriteWaitsForWhoeverQueuesBeforeIt) {
   file.write(u"A", u"k", u"1");
   const Outsider other(folder_, kNumber, Outsider::kFirstPlace);
   ASSERT_TRUE(other.lock());
-  std::atomic<bool> released = false;
-  std::thread holder([&] {
-    std::this_thread::sleep_for(300ms);
-    released = true;
-    other.unlock();
-  });
-  file.write(u"A", u"k", u"2");
-  EXPECT_TRUE(released);
-  holder.join();
+  expectToWaitFor(
+      other, [&] { file.write(u"A", u"k", u"2"); }, 300ms);
 }
 
 TEST_F(JobFileLock, ANewcomerWaitsForThoseWhoQueue) {
@@ -251,15 +250,7 @@ TEST_F(JobFileLock, IsThatOfTheFolderAsItIsNow) {
   std::filesystem::create_symlink(elsewhere, path("jobs"));
   const Outsider other(elsewhere, kNumber);
   ASSERT_TRUE(other.lock());
-  std::atomic<bool> released = false;
-  std::thread holder([&] {
-    std::this_thread::sleep_for(100ms);
-    released = true;
-    other.unlock();
-  });
-  file.write(u"A", u"k", u"2");
-  EXPECT_TRUE(released);
-  holder.join();
+  expectToWaitFor(other, [&] { file.write(u"A", u"k", u"2"); });
   std::filesystem::remove_all(elsewhere);
 }
 
