@@ -1,5 +1,4 @@
 # Scripts that drive the registered automation server through the system's script host.
-math(EXPR ORVANE_BITS "8 * ${CMAKE_SIZEOF_VOID_P}")
 if(ORVANE_BITS EQUAL 32)
   # A 64-bit Windows (or Wine) keeps its 32-bit programs in a folder of its own.
   set(ORVANE_SYSTEM c:/windows/syswow64)

@@ -1,13 +1,10 @@
 # The installer and the archive hold the DLLs of both builds, so each build installs its own into a folder of the
 # architecture's name, and the packages are made from the 64-bit one when both are built. Destinations are from the
 # top of the package.
-math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
-if(bits EQUAL 32)
+if(ORVANE_BITS EQUAL 32)
   set(folder x86)
-  set(architecture x86)
 else()
   set(folder x64)
-  set(architecture amd64)
 endif()
 set(CPACK_PACKAGE_NAME OrvaneDocumenti)
 set(CPACK_PACKAGE_FILE_NAME OrvaneDocumenti-${PROJECT_VERSION}-windows)
@@ -21,8 +18,8 @@ endmacro()
 
 install(PROGRAMS $<TARGET_FILE:OrvaneDocumenti> $<TARGET_FILE:orvane_cli> DESTINATION ${folder}
   COMPONENT windows EXCLUDE_FROM_ALL)
-orvane_package_files(${generated}/${architecture}.manifest RENAME OrvaneDocumenti.manifest DESTINATION ${folder})
-orvane_package_files(${generated}/client.${architecture}.manifest RENAME client.manifest DESTINATION ${folder})
+orvane_package_files(${generated}/${ORVANE_ARCHITECTURE}.manifest RENAME OrvaneDocumenti.manifest DESTINATION ${folder})
+orvane_package_files(${generated}/client.${ORVANE_ARCHITECTURE}.manifest RENAME client.manifest DESTINATION ${folder})
 orvane_package_files(${CMAKE_CURRENT_BINARY_DIR}/README.txt DESTINATION .)
 orvane_package_files(${PROJECT_SOURCE_DIR}/examples/print_job.vbs ${PROJECT_SOURCE_DIR}/examples/channels.vbs
   DESTINATION examples)
