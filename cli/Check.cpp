@@ -74,7 +74,7 @@ class JobCheck {
   void checkPageCount(std::int32_t count) const {
     ProfileAccess& access = Apartment::profileAccess();
     const auto file = access.open(job_.file.full());
-    const std::int32_t meant = roundToLong(access.LeggiNumero(*file, u"Stato", u"PagineScomposte", 0));
+    const std::int32_t meant = access.LeggiIntero(*file, u"Stato", u"PagineScomposte");
     if (meant > count)
       found(std::to_string(meant) + " pages are composed, " + std::to_string(count) + " are there");
   }
@@ -86,7 +86,7 @@ class JobCheck {
   void checkListed(TextView section, TextView countKey, const char* what) const {
     ProfileAccess& access = Apartment::profileAccess();
     const auto file = access.open(job_.file.full());
-    const std::int32_t count = roundToLong(access.LeggiNumero(*file, section, countKey, 0));
+    const std::int32_t count = access.LeggiIntero(*file, section, countKey);
     for (std::int32_t i = 0; i < count; ++i) {
       const Text folder = access.LeggiTesto(*file, section, u"Percorso" + decimalText(i));
       const Text name = access.LeggiTesto(*file, section, u"Nome" + decimalText(i));

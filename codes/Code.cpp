@@ -28,7 +28,7 @@ void CodeProperty::write(ProfileAccess& access, JobFile& file, const char16_t* s
 }
 
 void CodeProperty::load(ProfileAccess& access, JobFile& file, const char16_t* section) {
-  value_ = roundToLong(access.LeggiNumero(file, section, names_.key, names_.initial));
+  value_ = access.LeggiIntero(file, section, names_.key, names_.initial);
 }
 
 void CodeProperty::render(XmlWriter& xml) const {

@@ -1,7 +1,5 @@
 #include "core/Fields.h"
 
-#include "core/Numbers.h"
-
 namespace orvane {
 
 void Fields::append(Property& property) {
@@ -44,7 +42,7 @@ Text readValue(ProfileAccess& access, JobFile& file, TextView section, TextView 
 
 std::int32_t readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key,
                        std::int32_t missing) {
-  return roundToLong(access.LeggiNumero(file, section, key, missing));
+  return access.LeggiIntero(file, section, key, missing);
 }
 
 bool readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, bool missing) {

@@ -57,18 +57,18 @@ TextView trimmed(TextView text) {
   return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
 }
 
-// Most stored numbers are whole and short. False for any other.
-bool parseShortWhole(TextView text, double& number) {
+// Most stored numbers are whole and short. Nothing for any other.
+std::optional<std::int32_t> parseShortWhole(TextView text) {
   const bool negative = text.starts_with(u'-');
   const TextView digits = text.substr(negative ? 1 : 0);
-  if (digits.empty() || digits.size() > 9) return false;
+  if (digits.empty() || digits.size() > 9) return std::nullopt;
   std::int32_t whole = 0;
-  for (const char16_t digit : digits) {
-    if (digit < u'0' || digit > u'9') return false;
-    whole = 10 * whole + (digit - u'0');
+  for (const char16_t unit : digits) {
+    const int digit = unit - u'0';
+    if (digit < 0 || digit > 9) return std::nullopt;
+    whole = 10 * whole + digit;
   }
-  number = negative ? -static_cast<double>(whole) : whole;
-  return true;
+  return negative ? -whole : whole;
 }
 
 // `digits` hold a number without blanks or a leading plus. The standard conversion would also take words such
@@ -131,12 +131,18 @@ Text numberText(double number) {
 }
 
 std::optional<double> parseNumber(TextView text) {
-  double number;
-  if (parseShortWhole(text, number)) return number;
+  if (const auto whole = parseShortWhole(text)) return *whole;
   const Narrow narrow(trimmed(text));
   const std::string_view digits = narrow.digits();
   return digits.starts_with('+') ? parseAny(digits.substr(1), false)
                                  : parseAny(digits, digits.starts_with('-'));
+}
+
+std::optional<std::int32_t> parseLong(TextView text) {
+  if (const auto whole = parseShortWhole(text)) return whole;
+  const auto number = parseNumber(text);
+  if (!number) return std::nullopt;
+  return roundToLong(*number);
 }
 
 std::optional<double> parseNumber(TextView text, TextView separator) {

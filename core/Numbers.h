@@ -24,6 +24,9 @@ Text numberText(double number);
 /// spells none. A number beyond the largest double reads as infinity.
 std::optional<double> parseNumber(TextView text);
 
+/// That number rounded as `roundToLong` does it, and the same error.
+std::optional<std::int32_t> parseLong(TextView text);
+
 /// The same where `separator` too may stand for the point.
 std::optional<double> parseNumber(TextView text, TextView separator);
 

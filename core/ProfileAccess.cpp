@@ -34,8 +34,14 @@ double ProfileAccess::LeggiNumero(JobFile& file, TextView section, TextView key,
   return stored ? parseNumber(*stored).value_or(missing) : missing;
 }
 
+std::int32_t ProfileAccess::LeggiIntero(JobFile& file, TextView section, TextView key,
+                                        std::int32_t missing) const {
+  const auto stored = file.read(section, key);
+  return stored ? parseLong(*stored).value_or(missing) : missing;
+}
+
 std::int32_t ProfileAccess::LeggiQuanti(JobFile& file, TextView section, TextView key) const {
-  const std::int32_t count = roundToLong(LeggiNumero(file, section, key));
+  const std::int32_t count = LeggiIntero(file, section, key);
   return std::clamp(count, 0, static_cast<std::int32_t>(file.length()));
 }
 

@@ -27,6 +27,8 @@ class ProfileAccess {
                   std::size_t most = kLongestText) const;
   /// `missing` also where the stored value is no number.
   double LeggiNumero(JobFile& file, TextView section, TextView key, double missing = 0) const;
+  /// The same, rounded; error 6 where it is no Long.
+  std::int32_t LeggiIntero(JobFile& file, TextView section, TextView key, std::int32_t missing = 0) const;
   /// The length of a stored list: a Long that is not negative (error 6 where it is none), and no more than
   /// the file has characters, so that reading a list takes time in proportion to the file.
   std::int32_t LeggiQuanti(JobFile& file, TextView section, TextView key) const;

@@ -70,7 +70,7 @@ void WrappingDocument::Carica(TextView Percorso, TextView NomeFile) {
   const auto file = access.open(joinPath(Percorso, NomeFile));
   file->together([&] {
     ImpostaDocumento(
-        static_cast<enmVqDocTipo>(roundToLong(access.LeggiNumero(*file, u"Tipo", u"Codice", -1))));
+        static_cast<enmVqDocTipo>(access.LeggiIntero(*file, u"Tipo", u"Codice", -1)));
     inner().Carica(Percorso, NomeFile);
     loadParts(inner().file_);
   });

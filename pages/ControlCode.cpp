@@ -12,11 +12,10 @@ namespace {
 constexpr TextView kMissing = u"000;000;000;000;000;000;000";
 
 std::uint8_t toByte(TextView piece) {
-  const auto number = parseNumber(piece);
+  const auto number = parseLong(piece);
   if (!number) throw Error(ErrorNumber::TypeMismatch);
-  const std::int32_t rounded = roundToLong(*number);
-  if (rounded < 0 || rounded > 255) throw Error(ErrorNumber::Overflow);
-  return static_cast<std::uint8_t>(rounded);
+  if (*number < 0 || *number > 255) throw Error(ErrorNumber::Overflow);
+  return static_cast<std::uint8_t>(*number);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ class Header {
     value = access_.LeggiTesto(*file_, section, key, missing);
   }
   std::int32_t readLong(TextView section, TextView key) {
-    return roundToLong(access_.LeggiNumero(*file_, section, key));
+    return access_.LeggiIntero(*file_, section, key);
   }
   void read(TextView section, TextView key, std::int32_t& value) { value = readLong(section, key); }
   template <class Enum>
