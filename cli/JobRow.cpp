@@ -79,13 +79,13 @@ void JobReader::fillQueue(JobRow& row) {
   row.state = codeAt(queue.section, queue.names->key);
   row.phase = queue.phase(row.state);
   row.stateText = describeCode(*queue.names, row.state);
-  const auto note = [&](TextView key) {
+  const auto note = [&](Name key) {
     const double days = isNewKey(row.stamps, key) ? numberAt(queue.section, key).value_or(0) : 0;
     if (days != 0) row.stamps.push_back({key, {days}});
   };
   note(u"DataInserimento");
   if (!row.stamps.empty()) row.created = row.stamps.front().date;
-  for (const TextView key : queue.dateKeys) note(key);
+  for (const Name key : queue.dateKeys) note(key);
   std::stable_sort(row.stamps.begin(), row.stamps.end(),
                    [](const Stamped& a, const Stamped& b) { return a.date < b.date; });
   if (row.created.days == 0) row.created = earliest(row.stamps);
@@ -118,18 +118,18 @@ std::string JobReader::destinationOf(const JobKind& kind) {
               "-");
 }
 
-std::string JobReader::textAt(TextView section, TextView key) {
+std::string JobReader::textAt(Name section, Name key) {
   const auto stored = text_.find(section, key);
   if (!stored) return {};
   return toUtf8(plainValue(*stored, room_).substr(0, ProfileAccess::kLongestText));
 }
 
-std::optional<double> JobReader::numberAt(TextView section, TextView key) {
+std::optional<double> JobReader::numberAt(Name section, Name key) {
   const auto stored = text_.find(section, key);
   return stored ? parseNumber(plainValue(*stored, room_)) : std::nullopt;
 }
 
-std::int32_t JobReader::codeAt(TextView section, TextView key) {
+std::int32_t JobReader::codeAt(Name section, Name key) {
   return roundToLong(numberAt(section, key).value_or(0));
 }
 

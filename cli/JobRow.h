@@ -51,9 +51,9 @@ class JobReader {
   void fillQueue(JobRow& row);
   void fillResult(JobRow& row);
   std::string destinationOf(const JobKind& kind);
-  std::string textAt(TextView section, TextView key);
-  std::optional<double> numberAt(TextView section, TextView key);
-  std::int32_t codeAt(TextView section, TextView key);
+  std::string textAt(Name section, Name key);
+  std::optional<double> numberAt(Name section, Name key);
+  std::int32_t codeAt(Name section, Name key);
   const std::string& describeCode(const CodeNames& names, std::int32_t code);
 
   Text folder_;

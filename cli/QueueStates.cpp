@@ -24,7 +24,7 @@ QueueInfo queueInfo(TextView className, const CodeNames& names) {
   const MemberInfo* code = findMember(*findClass(className), u"Codice", MemberKind::Get);
   QueueInfo info{queue.section(), &names, code->result.enumeration, {}};
   for (const auto stamp : Queue::stamps())
-    info.dateKeys.push_back(stamp ? (queue.*stamp).name() : TextView());
+    info.dateKeys.push_back(stamp ? (queue.*stamp).name() : Name());
   return info;
 }
 
@@ -47,9 +47,9 @@ const char* phaseName(Phase phase) {
   return names[static_cast<std::size_t>(phase)];
 }
 
-TextView QueueInfo::dateKey(std::int32_t state) const {
+Name QueueInfo::dateKey(std::int32_t state) const {
   const auto index = static_cast<std::size_t>(state);
-  return state >= 0 && index < dateKeys.size() ? dateKeys[index] : TextView();
+  return state >= 0 && index < dateKeys.size() ? dateKeys[index] : Name();
 }
 
 Phase QueueInfo::phase(std::int32_t state) const {

@@ -18,13 +18,13 @@ enum class Phase : unsigned char { Waiting, Working, Done, Rejected, Withdrawn, 
 const char* phaseName(Phase phase);
 
 struct QueueInfo {
-  TextView section;                ///< of the job file
+  Name section;                    ///< of the job file
   const CodeNames* names;          ///< of its code
   const EnumInfo* states;          ///< numbers and names
-  std::vector<TextView> dateKeys;  ///< by state; empty where the state stamps no date
+  std::vector<Name> dateKeys;      ///< by state; empty where the state stamps no date
 
   /// The key of the date that entering the state stamps; empty for none.
-  TextView dateKey(std::int32_t state) const;
+  Name dateKey(std::int32_t state) const;
 
   /// A date that begins a work makes its state a working one, and of the states that share the date of the
   /// end the first is done and the second rejected.

@@ -20,14 +20,14 @@ void CodeProperty::assign(std::int32_t code) {
   writeThrough();
 }
 
-void CodeProperty::write(ProfileAccess& access, JobFile& file, const char16_t* section) const {
+void CodeProperty::write(ProfileAccess& access, JobFile& file, Name section) const {
   file.together([&] {
     access.ScriviNumero(file, section, names_.key, value_);
     access.ScriviTesto(file, section, names_.descriptionKey, description());
   });
 }
 
-void CodeProperty::load(ProfileAccess& access, JobFile& file, const char16_t* section) {
+void CodeProperty::load(ProfileAccess& access, JobFile& file, Name section) {
   value_ = access.LeggiIntero(file, section, names_.key, names_.initial);
 }
 

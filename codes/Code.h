@@ -11,10 +11,10 @@ struct CodeNames {
   std::int32_t base;         ///< text number of code 0
   std::int32_t initial = 0;  ///< the code of a new object, and of a job file without the key
   bool magnitude = false;    ///< the text number is base plus the absolute value of the code
-  const char16_t* key = u"Codice";
-  const char16_t* descriptionKey = u"Descrizione";
-  const char16_t* element = key;
-  const char16_t* descriptionElement = descriptionKey;
+  Name key = u"Codice";
+  TextView descriptionKey = u"Descrizione";
+  TextView element = key;
+  TextView descriptionElement = descriptionKey;
 };
 
 /// The text of a code, or the missing-string text. Error 6 where base and code together do not fit a Long, 91
@@ -40,8 +40,8 @@ class CodeProperty : public WrittenProperty {
   /// The code alone, in the object only.
   void keep(std::int32_t code) { value_ = code; }
 
-  void write(ProfileAccess& access, JobFile& file, const char16_t* section) const override;
-  void load(ProfileAccess& access, JobFile& file, const char16_t* section) override;
+  void write(ProfileAccess& access, JobFile& file, Name section) const override;
+  void load(ProfileAccess& access, JobFile& file, Name section) override;
 
  private:
   friend class QueueRecord;

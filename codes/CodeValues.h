@@ -10,8 +10,8 @@ namespace orvane {
 /// A row of the family: its section of the job file, its element of the XML, and the names of its code. A
 /// class without a section keeps its code in the object and in the XML only.
 struct CodeRow {
-  const char16_t* section;
-  const char16_t* element;
+  Name section;
+  TextView element;
   CodeNames names;
   Kept kept = Kept::JobFileAndXml;
 };
@@ -31,7 +31,7 @@ class CodeValue : public Component {
   Text Descrizione() const { return Codice.description(); }
 
  protected:
-  explicit CodeValue(const char16_t* section) : Component(section, row.element) {}
+  explicit CodeValue(Name section) : Component(section, row.element) {}
 };
 
 /// Every row of the family. Text numbers, sections and keys are in job files and in users' tables: never
@@ -45,13 +45,13 @@ inline constexpr CodeRow FronteRetro{u"FronteRetro", u"FronteRetro", {7600}};
 inline constexpr CodeRow Fascicolazione{u"Fascicolazione", u"Fascicolazione", {7700}};
 inline constexpr CodeRow SmtpAutentica{u"Autenticazione", u"Autenticazione", {8900}};
 inline constexpr CodeRow Intestazione{u"Intestazione", u"Intestazione", {8700}};
-inline constexpr CodeRow PagineStato{u"Stato", nullptr, {8600}, Kept::JobFile};
+inline constexpr CodeRow PagineStato{u"Stato", {}, {8600}, Kept::JobFile};
 inline constexpr CodeRow Tipo{u"Tipo", u"Tipo", {8300}};
 inline constexpr CodeRow Comando{u"Comando", u"Comando", {9500}};
 inline constexpr CodeRow PosizionePagina{u"PosizionePagina", u"PosizionePagina", {9000}};
-inline constexpr CodeRow TipoCatalogo{nullptr, u"TipoCatalogo", {9100}};
+inline constexpr CodeRow TipoCatalogo{{}, u"TipoCatalogo", {9100}};
 inline constexpr CodeRow Dimensione{u"Dimensione", u"Dimensione", {7500}};
-inline constexpr CodeRow Bloccato{nullptr, u"Bloccato", {8400}, Kept::Xml};
+inline constexpr CodeRow Bloccato{{}, u"Bloccato", {8400}, Kept::Xml};
 inline constexpr CodeRow Esito{u"Esito", u"Esito", {9300}};
 inline constexpr CodeRow FaxBaudRate{u"FaxTrasmissione_BaudRate", u"BaudRate", {2000, 1}};
 inline constexpr CodeRow FaxBFT{u"FaxTrasmissione_BFT", u"BFT", {400, 1}};
@@ -98,7 +98,7 @@ class VqDocPagineStato : public CodeValue<enmVqDocPagineStato, rows::PagineStato
 /// catalog's.
 class VqDocTipoCatalogo : public CodeValue<enmVqDocTipoCatalogo, rows::TipoCatalogo> {
  public:
-  explicit VqDocTipoCatalogo(const char16_t* catalogSection) : CodeValue(catalogSection) {}
+  explicit VqDocTipoCatalogo(Name catalogSection) : CodeValue(catalogSection) {}
 };
 
 /// Names of the two codes of `VqDocFaxColore` and `VqDocFaxPagina`. The page's keys are Italian in the job

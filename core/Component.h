@@ -15,10 +15,10 @@ class Component : public Fields {
 
  protected:
   /// `section` and `element` must outlive the component.
-  Component(const char16_t* section, const char16_t* element) : Fields(section), element_(element) {}
+  Component(Name section, TextView element) : Fields(section), element_(element) {}
 
   std::shared_ptr<JobFile> jobFile() const override { return file_; }
-  const char16_t* element() const { return element_; }
+  TextView element() const { return element_; }
 
   /// Remember the job file; nothing is read or written.
   virtual void ImpostaFile(const std::shared_ptr<JobFile>& file) { file_ = file; }
@@ -37,7 +37,7 @@ class Component : public Fields {
 
  private:
   friend class Owner;
-  const char16_t* element_;
+  TextView element_;
   std::shared_ptr<JobFile> file_ = ProfileAccess::noFile();
 };
 

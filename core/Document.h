@@ -9,9 +9,9 @@ namespace orvane {
 /// What one kind of document is called.
 struct DocumentKind {
   enmVqDocTipo type;
-  const char16_t* section;          ///< of the document's own values in the job file
-  const char16_t* element;          ///< root of its XML
-  const char16_t* className;        ///< the text of the root
+  Name section;          ///< of the document's own values in the job file
+  TextView element;          ///< root of its XML
+  TextView className;        ///< the text of the root
   const char16_t* extension;        ///< of a job of its own
   const char16_t* linkedExtension;  ///< of a job that is linked to another
 };

@@ -2,11 +2,6 @@
 
 namespace orvane {
 
-void Fields::append(Property& property) {
-  (last_ == nullptr ? first_ : last_->next_) = &property;
-  last_ = &property;
-}
-
 void Fields::loadFields(JobFile& file) {
   ProfileAccess& access = Apartment::profileAccess();
   for (Property* p = first_; p != nullptr; p = p->next_) {
@@ -24,10 +19,6 @@ void Fields::renderOne(XmlWriter& xml, const Property& property) { property.rend
 
 Property* Fields::nextProperty(const Property& property) { return property.next_; }
 
-Property::Property(Fields& owner, const char16_t* name, Kept kept) : owner_(owner), name_(name), kept_(kept) {
-  owner.append(*this);
-}
-
 void WrittenProperty::writeThrough() const {
   if (!isKept(Kept::WriteOnly)) return;
   ProfileAccess& access = Apartment::profileAccess();
@@ -36,20 +27,20 @@ void WrittenProperty::writeThrough() const {
 
 namespace detail {
 
-Text readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, const Text& missing) {
+Text readValue(ProfileAccess& access, JobFile& file, Name section, Name key, const Text& missing) {
   return access.LeggiTesto(file, section, key, missing);
 }
 
-std::int32_t readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key,
+std::int32_t readValue(ProfileAccess& access, JobFile& file, Name section, Name key,
                        std::int32_t missing) {
   return access.LeggiIntero(file, section, key, missing);
 }
 
-bool readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, bool missing) {
+bool readValue(ProfileAccess& access, JobFile& file, Name section, Name key, bool missing) {
   return access.LeggiBooleano(file, section, key, missing);
 }
 
-Date readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, Date missing) {
+Date readValue(ProfileAccess& access, JobFile& file, Name section, Name key, Date missing) {
   return access.LeggiData(file, section, key, missing);
 }
 

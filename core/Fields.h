@@ -31,13 +31,13 @@ class Fields {
   Fields& operator=(const Fields&) = delete;
 
  protected:
-  explicit Fields(const char16_t* section) : section_(section) {}
+  explicit Fields(Name section) : section_(section) {}
   virtual ~Fields() = default;
 
   /// The job file that assignments write to: before binding the file without a name, which swallows them.
   virtual std::shared_ptr<JobFile> jobFile() const = 0;
 
-  const char16_t* section() const { return section_; }
+  Name section() const { return section_; }
 
   /// Set every property from `file`, in order of declaration, without writing back.
   void loadFields(JobFile& file);
@@ -60,7 +60,7 @@ class Fields {
   void append(Property& property);
   static void renderOne(XmlWriter& xml, const Property& property);
 
-  const char16_t* section_;
+  Name section_;
   Property* first_ = nullptr;
   Property* last_ = nullptr;
 };
@@ -81,30 +81,37 @@ class Property {
   Property& operator=(const Property&) = delete;
 
   /// The key in the job file and, but for codes and notes, the element of the XML.
-  const char16_t* name() const { return name_; }
+  Name name() const { return name_; }
 
  protected:
-  Property(Fields& owner, const char16_t* name, Kept kept);
+  Property(Fields& owner, Name name, Kept kept) : owner_(owner), name_(name), kept_(kept) {
+    owner.append(*this);
+  }
   virtual ~Property() = default;
 
   /// The job file of the owner, unless the property is special.
   virtual std::shared_ptr<JobFile> target() const { return owner_.jobFile(); }
 
-  const char16_t* section() const { return owner_.section(); }
+  Name section() const { return owner_.section(); }
   bool isKept(Kept where) const {
     return (static_cast<int>(kept_) & static_cast<int>(where)) == static_cast<int>(where);
   }
 
  private:
   friend class Fields;
-  virtual void load(ProfileAccess&, JobFile&, const char16_t* /*section*/) {}
+  virtual void load(ProfileAccess&, JobFile&, Name /*section*/) {}
   virtual void render(XmlWriter& xml) const = 0;
 
   Fields& owner_;
-  const char16_t* name_;
+  Name name_;
   Property* next_ = nullptr;
   Kept kept_;
 };
+
+inline void Fields::append(Property& property) {
+  (last_ == nullptr ? first_ : last_->next_) = &property;
+  last_ = &property;
+}
 
 /// A property that is written as a whole.
 class WrittenProperty : public Property {
@@ -115,7 +122,7 @@ class WrittenProperty : public Property {
   void writeThrough() const;
 
  private:
-  virtual void write(ProfileAccess& access, JobFile& file, const char16_t* section) const = 0;
+  virtual void write(ProfileAccess& access, JobFile& file, Name section) const = 0;
 };
 
 namespace detail {
@@ -133,11 +140,11 @@ inline void writeValue(ProfileAccess& a, JobFile& f, TextView s, TextView k, Dat
   a.ScriviData(f, s, k, v);
 }
 
-Text readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, const Text& missing);
-std::int32_t readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key,
+Text readValue(ProfileAccess& access, JobFile& file, Name section, Name key, const Text& missing);
+std::int32_t readValue(ProfileAccess& access, JobFile& file, Name section, Name key,
                        std::int32_t missing);
-bool readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, bool missing);
-Date readValue(ProfileAccess& access, JobFile& file, TextView section, TextView key, Date missing);
+bool readValue(ProfileAccess& access, JobFile& file, Name section, Name key, bool missing);
+Date readValue(ProfileAccess& access, JobFile& file, Name section, Name key, Date missing);
 
 /// The initial value, which a missing key reads as. Texts are always empty at first, so they keep none.
 template <class T>
@@ -163,7 +170,7 @@ class StoredValue : public WrittenProperty {
   friend bool operator==(const StoredValue& a, const T& b) { return a.value_ == b; }
 
  protected:
-  StoredValue(Fields& owner, const char16_t* name, Kept kept, T initial)
+  StoredValue(Fields& owner, Name name, Kept kept, T initial)
       : WrittenProperty(owner, name, kept), value_(initial), missing_{initial} {}
 
   /// Store, then write through. When the write fails the new value stays in the object.
@@ -175,10 +182,10 @@ class StoredValue : public WrittenProperty {
   T value_;
 
  private:
-  void write(ProfileAccess& access, JobFile& file, const char16_t* section) const override {
+  void write(ProfileAccess& access, JobFile& file, Name section) const override {
     detail::writeValue(access, file, section, name(), value_);
   }
-  void load(ProfileAccess& access, JobFile& file, const char16_t* section) override {
+  void load(ProfileAccess& access, JobFile& file, Name section) override {
     value_ = detail::readValue(access, file, section, name(), missing_.value());
   }
   void render(XmlWriter& xml) const override { xml.element(name(), value_); }
@@ -190,7 +197,7 @@ class StoredValue : public WrittenProperty {
 template <class T>
 class Stored : public StoredValue<T> {
  public:
-  Stored(Fields& owner, const char16_t* name, Kept kept = Kept::JobFileAndXml, T initial = {})
+  Stored(Fields& owner, Name name, Kept kept = Kept::JobFileAndXml, T initial = {})
       : StoredValue<T>(owner, name, kept, std::move(initial)) {}
   Stored& operator=(T value) { return this->assign(std::move(value)), *this; }
   Stored& operator=(const Stored& other) { return this->assign(other.get()), *this; }
@@ -200,7 +207,7 @@ class Stored : public StoredValue<T> {
 template <class T, class Owner>
 class ReadOnlyStored : public StoredValue<T> {
  public:
-  ReadOnlyStored(Fields& owner, const char16_t* name, Kept kept = Kept::JobFileAndXml)
+  ReadOnlyStored(Fields& owner, Name name, Kept kept = Kept::JobFileAndXml)
       : StoredValue<T>(owner, name, kept, {}) {}
 
  private:
@@ -233,7 +240,7 @@ class ComputedElement;
 template <class Owner, Text (Owner::*function)() const>
 class ComputedElement<function> : public Property {
  public:
-  ComputedElement(Owner& owner, const char16_t* element)
+  ComputedElement(Owner& owner, TextView element)
       : Property(owner, element, Kept::Xml), owner_(owner) {}
 
  private:

@@ -41,7 +41,7 @@ void JobFile::takeSnapshot() {
   snapshot_ = true;
 }
 
-std::optional<TextView> JobFile::read(TextView section, TextView key) {
+std::optional<TextView> JobFile::read(Name section, Name key) {
   if (fullName_.empty()) return std::nullopt;
   depth_ > 0 ? takeSnapshot() : validate();
   const auto stored = image_.find(section, key);

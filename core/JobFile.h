@@ -39,7 +39,7 @@ class JobFile {
 
   /// The text under `section` and `key`, whatever their case; nothing where the key, the file or its folder
   /// is missing. The view is valid until the next call.
-  std::optional<TextView> read(TextView section, TextView key);
+  std::optional<TextView> read(Name section, Name key);
 
   /// Characters of the text that the last `read` looked at; less than 2^31.
   std::size_t length() const { return image_.bytes().size() / sizeof(char16_t); }

@@ -42,7 +42,7 @@ class NoteLines : public Property {
     return static_cast<std::size_t>(index);
   }
 
-  Text key(std::size_t index) const { return name() + decimalText(static_cast<std::int64_t>(index)); }
+  Text key(std::size_t index) const { return Text(name()) + decimalText(static_cast<std::int64_t>(index)); }
 
   void assign(std::int32_t index, Text line) {
     const std::size_t place = checked(index);
@@ -50,7 +50,7 @@ class NoteLines : public Property {
     Apartment::profileAccess().ScriviTesto(*target(), section(), key(place), lines_[place]);
   }
 
-  void load(ProfileAccess& access, JobFile& file, const char16_t* section) override {
+  void load(ProfileAccess& access, JobFile& file, Name section) override {
     for (std::size_t i = 0; i < lines_.size(); ++i) lines_[i] = access.LeggiTesto(file, section, key(i));
   }
 

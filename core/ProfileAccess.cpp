@@ -24,32 +24,32 @@ const std::shared_ptr<JobFile>& ProfileAccess::noFile() {
   return file;
 }
 
-Text ProfileAccess::LeggiTesto(JobFile& file, TextView section, TextView key, TextView missing,
+Text ProfileAccess::LeggiTesto(JobFile& file, Name section, Name key, TextView missing,
                                std::size_t most) const {
   return Text(file.read(section, key).value_or(missing).substr(0, most));
 }
 
-double ProfileAccess::LeggiNumero(JobFile& file, TextView section, TextView key, double missing) const {
+double ProfileAccess::LeggiNumero(JobFile& file, Name section, Name key, double missing) const {
   const auto stored = file.read(section, key);
   return stored ? parseNumber(*stored).value_or(missing) : missing;
 }
 
-std::int32_t ProfileAccess::LeggiIntero(JobFile& file, TextView section, TextView key,
+std::int32_t ProfileAccess::LeggiIntero(JobFile& file, Name section, Name key,
                                         std::int32_t missing) const {
   const auto stored = file.read(section, key);
   return stored ? parseLong(*stored).value_or(missing) : missing;
 }
 
-std::int32_t ProfileAccess::LeggiQuanti(JobFile& file, TextView section, TextView key) const {
+std::int32_t ProfileAccess::LeggiQuanti(JobFile& file, Name section, Name key) const {
   const std::int32_t count = LeggiIntero(file, section, key);
   return std::clamp(count, 0, static_cast<std::int32_t>(file.length()));
 }
 
-Date ProfileAccess::LeggiData(JobFile& file, TextView section, TextView key, Date missing) const {
+Date ProfileAccess::LeggiData(JobFile& file, Name section, Name key, Date missing) const {
   return {LeggiNumero(file, section, key, missing.days)};
 }
 
-bool ProfileAccess::LeggiBooleano(JobFile& file, TextView section, TextView key, bool missing) const {
+bool ProfileAccess::LeggiBooleano(JobFile& file, Name section, Name key, bool missing) const {
   const auto stored = file.read(section, key);
   if (!stored) return missing;
   if (equalIgnoringCase(*stored, u"True")) return true;

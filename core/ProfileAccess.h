@@ -23,19 +23,19 @@ class ProfileAccess {
   /// The file without a name, which every component has until it is bound.
   static const std::shared_ptr<JobFile>& noFile();
 
-  Text LeggiTesto(JobFile& file, TextView section, TextView key, TextView missing = {},
+  Text LeggiTesto(JobFile& file, Name section, Name key, TextView missing = {},
                   std::size_t most = kLongestText) const;
   /// `missing` also where the stored value is no number.
-  double LeggiNumero(JobFile& file, TextView section, TextView key, double missing = 0) const;
+  double LeggiNumero(JobFile& file, Name section, Name key, double missing = 0) const;
   /// The same, rounded; error 6 where it is no Long.
-  std::int32_t LeggiIntero(JobFile& file, TextView section, TextView key, std::int32_t missing = 0) const;
+  std::int32_t LeggiIntero(JobFile& file, Name section, Name key, std::int32_t missing = 0) const;
   /// The length of a stored list: a Long that is not negative (error 6 where it is none), and no more than
   /// the file has characters, so that reading a list takes time in proportion to the file.
-  std::int32_t LeggiQuanti(JobFile& file, TextView section, TextView key) const;
-  Date LeggiData(JobFile& file, TextView section, TextView key, Date missing = {}) const;
+  std::int32_t LeggiQuanti(JobFile& file, Name section, Name key) const;
+  Date LeggiData(JobFile& file, Name section, Name key, Date missing = {}) const;
   /// True is any number but 0, and the word True; `missing` where the value is neither number nor truth
   /// value.
-  bool LeggiBooleano(JobFile& file, TextView section, TextView key, bool missing = false) const;
+  bool LeggiBooleano(JobFile& file, Name section, Name key, bool missing = false) const;
 
   void ScriviTesto(JobFile& file, TextView section, TextView key, TextView value);
   /// -1 for True, 0 for False.

@@ -17,20 +17,8 @@ constexpr char16_t kMark = 0xFEFF;
 constexpr TextView kLineEnd = u"\r\n";
 constexpr std::size_t kSmallestTable = 64;
 
-// Letters of either case differ in one bit; that others do too is for the comparison of names to see.
-std::uint32_t hashOf(TextView name, std::uint32_t owner) {
-  constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
-  constexpr std::uint64_t kCase = inAllPlaces(0x20);
-  std::uint64_t hash = owner;
-  const auto mix = [&](std::uint64_t units) {
-    hash = (hash ^ (units | kCase)) * kFactor;
-    hash ^= hash >> 32;
-  };
-  std::size_t at = 0;
-  for (; at + 4 <= name.size(); at += 4) mix(fourUnits(name.data() + at));
-  if (at < name.size()) mix(lastUnits(name, at));
-  return static_cast<std::uint32_t>(hash);
-}
+// Equal names under different owners are apart in the table.
+std::uint32_t hashUnder(std::uint32_t owner, Name name) { return name.hash() + owner * 0x9E3779B1; }
 
 bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
@@ -136,7 +124,7 @@ void ProfileText::indexLine(TextView line, std::size_t next, std::uint32_t& sect
 
 void ProfileText::indexKey(TextView key, TextView value, std::uint32_t section) {
   value = withoutOuterBlanks(value);
-  add({.hash = hashOf(key, section),
+  add({.hash = hashUnder(section, key),
        .owner = section,
        .name = placeOf(key),
        .nameLength = static_cast<std::uint32_t>(key.size()),
@@ -154,7 +142,7 @@ void ProfileText::endSection(std::uint32_t section, std::size_t next) {
 std::uint32_t ProfileText::indexHeader(TextView line, std::size_t next) {
   const TextView name = withoutOuterBlanks(line.substr(1, line.find(u']') - 1));
   if (!canBeSection(name)) return kNone;
-  return add({.hash = hashOf(name, kNone),
+  return add({.hash = hashUnder(kNone, name),
               .owner = kNone,
               .name = placeOf(name),
               .nameLength = static_cast<std::uint32_t>(name.size()),
@@ -174,19 +162,19 @@ std::size_t ProfileText::slotOf(std::uint32_t owner, TextView name, std::uint32_
   return slot;
 }
 
-std::uint32_t ProfileText::lookUp(std::uint32_t owner, TextView name) const {
-  return table_[slotOf(owner, name, hashOf(name, owner))];
+std::uint32_t ProfileText::lookUp(std::uint32_t owner, Name name) const {
+  return table_[slotOf(owner, name, hashUnder(owner, name))];
 }
 
 // Keys are asked for section by section.
-std::uint32_t ProfileText::findSection(TextView name) const {
+std::uint32_t ProfileText::findSection(Name name) const {
   if (lastSection_ != kNone && same(nameOf(entries_[lastSection_]), name)) return lastSection_;
   const std::uint32_t found = lookUp(kNone, name);
   if (found != kNone) lastSection_ = found;
   return found;
 }
 
-std::uint32_t ProfileText::findKey(TextView section, TextView key) const {
+std::uint32_t ProfileText::findKey(Name section, Name key) const {
   const std::uint32_t owner = findSection(section);
   return owner == kNone ? kNone : lookUp(owner, key);
 }
@@ -211,13 +199,13 @@ void ProfileText::growTable() {
   }
 }
 
-std::optional<TextView> ProfileText::find(TextView section, TextView key) const {
+std::optional<TextView> ProfileText::find(Name section, Name key) const {
   const std::uint32_t found = findKey(section, key);
   if (found == kNone) return std::nullopt;
   return valueOf(entries_[found]);
 }
 
-bool ProfileText::set(TextView section, TextView key, TextView value) {
+bool ProfileText::set(Name section, Name key, TextView value) {
   const std::uint32_t found = findKey(section, key);
   if (found == kNone) {
     const std::uint32_t owner = findSection(section);
@@ -242,29 +230,29 @@ void ProfileText::endLastLine() {
   }
 }
 
-std::uint32_t ProfileText::appendSection(TextView name) {
+std::uint32_t ProfileText::appendSection(Name name) {
   endLastLine();
   const std::size_t at = text_.size();
   text_.append(1, u'[').append(name).append(1, u']').append(kLineEnd);
-  return add({.hash = hashOf(name, kNone),
+  return add({.hash = hashUnder(kNone, name),
               .owner = kNone,
               .name = static_cast<std::uint32_t>(at + 1),
-              .nameLength = static_cast<std::uint32_t>(name.size()),
+              .nameLength = name.size(),
               .value = static_cast<std::uint32_t>(text_.size()),
               .valueLength = 1});
 }
 
-void ProfileText::insertKey(std::uint32_t section, TextView key, TextView value) {
+void ProfileText::insertKey(std::uint32_t section, Name key, TextView value) {
   const bool ended = entries_[section].valueLength != 0;
   const std::size_t before = entries_[section].value;
   line_.assign(ended ? TextView() : kLineEnd).append(key).append(1, u'=').append(value).append(kLineEnd);
   const std::size_t at = before + (ended ? 0 : kLineEnd.size());
   splice(before, 0, line_);
   entries_[section].valueLength = 1;
-  add({.hash = hashOf(key, section),
+  add({.hash = hashUnder(section, key),
        .owner = section,
        .name = static_cast<std::uint32_t>(at),
-       .nameLength = static_cast<std::uint32_t>(key.size()),
+       .nameLength = key.size(),
        .value = static_cast<std::uint32_t>(at + key.size() + 1),
        .valueLength = static_cast<std::uint32_t>(value.size())});
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/Text.h"
+#include "core/Name.h"
 
 namespace orvane {
 
@@ -22,11 +22,11 @@ class ProfileText {
   void parse(std::string_view bytes);
 
   /// The value as it stands in the file, without outer blanks; valid until the text changes.
-  std::optional<TextView> find(TextView section, TextView key) const;
+  std::optional<TextView> find(Name section, Name key) const;
 
   /// Puts `value`, which must be a `storedValue`, under names that `canBeSection` and `canBeKey`. False where
   /// it stood there already.
-  bool set(TextView section, TextView key, TextView value);
+  bool set(Name section, Name key, TextView value);
 
   /// The bytes to store: UTF-16LE with byte-order mark. Valid until the text changes.
   std::string_view bytes() const;
@@ -56,14 +56,14 @@ class ProfileText {
   void indexKey(TextView key, TextView value, std::uint32_t section);
   void endSection(std::uint32_t section, std::size_t next);
   std::size_t slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const;
-  std::uint32_t lookUp(std::uint32_t owner, TextView name) const;
-  std::uint32_t findSection(TextView name) const;
-  std::uint32_t findKey(TextView section, TextView key) const;
+  std::uint32_t lookUp(std::uint32_t owner, Name name) const;
+  std::uint32_t findSection(Name name) const;
+  std::uint32_t findKey(Name section, Name key) const;
   std::uint32_t add(const Entry& entry);  // kNone where one of that name is there
   void growTable();
   void endLastLine();
-  std::uint32_t appendSection(TextView name);
-  void insertKey(std::uint32_t section, TextView key, TextView value);
+  std::uint32_t appendSection(Name name);
+  void insertKey(std::uint32_t section, Name key, TextView value);
   void splice(std::size_t at, std::size_t removed, TextView inserted);
   std::uint32_t placeOf(TextView part) const {
     return static_cast<std::uint32_t>(part.data() - text_.data());

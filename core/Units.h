@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "core/Text.h"
 
@@ -14,7 +15,9 @@ namespace orvane {
 constexpr std::uint64_t inAllPlaces(char16_t unit) { return 0x0001'0001'0001'0001 * std::uint64_t{unit}; }
 
 /// Four units from `at` on.
-inline std::uint64_t fourUnits(const char16_t* at) {
+constexpr std::uint64_t fourUnits(const char16_t* at) {
+  if (std::is_constant_evaluated())
+    return at[0] | std::uint64_t{at[1]} << 16 | std::uint64_t{at[2]} << 32 | std::uint64_t{at[3]} << 48;
   std::uint64_t four;
   std::memcpy(&four, at, sizeof four);
   return four;
@@ -32,7 +35,7 @@ constexpr std::uint64_t marksOf(std::uint64_t four, char16_t unit) {
 }
 
 /// The units from `at` on, which are one to three, and 0 in the places behind them.
-inline std::uint64_t lastUnits(TextView text, std::size_t at) {
+constexpr std::uint64_t lastUnits(TextView text, std::size_t at) {
   const std::size_t count = text.size() - at;
   if (text.size() >= 4) return fourUnits(text.data() + text.size() - 4) >> (16 * (4 - count));
   std::uint64_t units = text[at];

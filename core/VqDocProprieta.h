@@ -37,7 +37,7 @@ class VqDocProprieta : public Component, private Owner {
   /// rest is bound to.
   class HeaderFlag : public Stored<bool> {
    public:
-    HeaderFlag(VqDocProprieta& owner, const char16_t* name) : Stored(owner, name), properties_(owner) {}
+    HeaderFlag(VqDocProprieta& owner, Name name) : Stored(owner, name), properties_(owner) {}
     using Stored::operator=;
     HeaderFlag& operator=(const HeaderFlag& other) { return *this = other.get(), *this; }
 

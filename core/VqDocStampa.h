@@ -27,12 +27,12 @@ class VqDocStampa : public Document {
   /// what a reload then gives: servers count on it.
   class Fallback : public Stored<Text> {
    public:
-    Fallback(VqDocStampa& document, const char16_t* name) : Stored(document, name), document_(document) {}
+    Fallback(VqDocStampa& document, Name name) : Stored(document, name), document_(document) {}
     using Stored::operator=;
     Fallback& operator=(const Fallback& other) { return *this = other.get(), *this; }
 
    private:
-    void write(ProfileAccess& access, JobFile& file, const char16_t* section) const override {
+    void write(ProfileAccess& access, JobFile& file, Name section) const override {
       access.ScriviTesto(file, section, name(), document_.StampanteOrigine.get());
     }
     const VqDocStampa& document_;

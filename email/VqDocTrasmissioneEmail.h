@@ -18,7 +18,7 @@ class VqDocTrasmissioneEmail : public Component {
     Attempts& operator=(const Attempts& other) { return *this = other.get(), *this; }
 
    private:
-    void write(ProfileAccess& access, JobFile& file, const char16_t* section) const override {
+    void write(ProfileAccess& access, JobFile& file, Name section) const override {
       access.ScriviData(file, section, name(), Date{static_cast<double>(get())});
     }
   };

@@ -48,14 +48,14 @@ Text ControlCode::digits() const {
   return out;
 }
 
-void ControlCode::write(ProfileAccess& access, JobFile& file, const char16_t* section) const {
+void ControlCode::write(ProfileAccess& access, JobFile& file, Name section) const {
   Text text;
   for (const std::uint8_t byte : bytes_) (text += decimalText(byte)) += u';';
   access.ScriviTesto(file, section, name(), text);
 }
 
 // What follows the last ";" is never read: what was written ends in one, and all seven bytes are read.
-void ControlCode::load(ProfileAccess& access, JobFile& file, const char16_t* section) {
+void ControlCode::load(ProfileAccess& access, JobFile& file, Name section) {
   const Text text = access.LeggiTesto(file, section, name(), kMissing);
   std::size_t begin = 0;
   std::size_t i = 0;

@@ -16,7 +16,7 @@ class ControlCode : public WrittenProperty {
   using Bytes = std::array<std::uint8_t, kSize>;
 
   /// `name` is the function's, `element` the same with "StrAsc" before it.
-  ControlCode(Fields& owner, const char16_t* name, const char16_t* element)
+  ControlCode(Fields& owner, Name name, TextView element)
       : WrittenProperty(owner, name, Kept::JobFileAndXml), element_(element) {}
 
   class Reference {
@@ -49,11 +49,11 @@ class ControlCode : public WrittenProperty {
  private:
   std::uint8_t at(std::uint8_t index) const;
   void set(std::uint8_t index, std::uint8_t byte);
-  void write(ProfileAccess& access, JobFile& file, const char16_t* section) const override;
-  void load(ProfileAccess& access, JobFile& file, const char16_t* section) override;
+  void write(ProfileAccess& access, JobFile& file, Name section) const override;
+  void load(ProfileAccess& access, JobFile& file, Name section) override;
   void render(XmlWriter& xml) const override { xml.element(element_, digits()); }
 
-  const char16_t* element_;
+  TextView element_;
   Bytes bytes_{};
 };
 

@@ -2,7 +2,7 @@
 
 namespace orvane {
 
-VqDocCatalogo::VqDocCatalogo(const char16_t* section, const char16_t* element)
+VqDocCatalogo::VqDocCatalogo(Name section, TextView element)
     : Component(section, element), Tipo(section) {}
 
 VqDocCatalogo::~VqDocCatalogo() = default;

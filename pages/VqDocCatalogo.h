@@ -44,7 +44,7 @@ class VqDocCatalogo : public Component, private Owner {
   void copyCodes(const VqDocCatalogo& from);
 
  protected:
-  VqDocCatalogo(const char16_t* section, const char16_t* element);
+  VqDocCatalogo(Name section, TextView element);
   ~VqDocCatalogo() override;
 
   void ImpostaFile(const std::shared_ptr<JobFile>& file) override;

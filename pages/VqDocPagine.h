@@ -11,7 +11,7 @@ namespace orvane {
 /// count from 1.
 class VqDocPagine : public Component, private Owner {
  public:
-  VqDocPagine() : Component(u"Pagine", nullptr) {}
+  VqDocPagine() : Component(u"Pagine", {}) {}
 
   /// Read limits, flag and page state from the job file, then append a page for every file of the folder
   /// whose name ends in ".dpg" (lower case only), in the order of their names. What the collection held

@@ -9,7 +9,7 @@ namespace orvane {
 /// When the job last entered a state. Clients read it; entering the state, or loading the job, sets it.
 class QueueDate : public StoredValue<Date> {
  public:
-  QueueDate(Fields& owner, const char16_t* name) : StoredValue(owner, name, Kept::JobFileAndXml, {}) {}
+  QueueDate(Fields& owner, Name name) : StoredValue(owner, name, Kept::JobFileAndXml, {}) {}
 
  private:
   friend class QueueRecord;
@@ -23,10 +23,10 @@ class LastQueueProperty : public CodeProperty {
 
  private:
   friend class QueueRecord;
-  void write(ProfileAccess& access, JobFile& file, const char16_t*) const override {
+  void write(ProfileAccess& access, JobFile& file, Name) const override {
     CodeProperty::write(access, file, u"UltimaCoda");
   }
-  void load(ProfileAccess& access, JobFile& file, const char16_t*) override {
+  void load(ProfileAccess& access, JobFile& file, Name) override {
     CodeProperty::load(access, file, u"UltimaCoda");
   }
 };
@@ -39,7 +39,7 @@ class LastQueueProperty : public CodeProperty {
 /// has the new code and nothing else.
 class QueueRecord : public Component {
  protected:
-  explicit QueueRecord(const char16_t* section) : Component(section, u"Coda") {}
+  explicit QueueRecord(Name section) : Component(section, u"Coda") {}
 
   /// The date that entering the state stamps; null for none.
   virtual QueueDate* stampOf(std::int32_t code) = 0;
