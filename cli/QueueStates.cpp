@@ -23,8 +23,7 @@ QueueInfo queueInfo(TextView className, const CodeNames& names) {
   const OpenQueue<Queue> queue;
   const MemberInfo* code = findMember(*findClass(className), u"Codice", MemberKind::Get);
   QueueInfo info{queue.section(), &names, code->result.enumeration, {}};
-  for (const auto stamp : Queue::stamps())
-    info.dateKeys.push_back(stamp ? (queue.*stamp).name() : Name());
+  for (const auto stamp : Queue::stamps()) info.dateKeys.push_back(stamp ? (queue.*stamp).name() : Name());
   return info;
 }
 

@@ -18,10 +18,10 @@ enum class Phase : unsigned char { Waiting, Working, Done, Rejected, Withdrawn, 
 const char* phaseName(Phase phase);
 
 struct QueueInfo {
-  Name section;                    ///< of the job file
-  const CodeNames* names;          ///< of its code
-  const EnumInfo* states;          ///< numbers and names
-  std::vector<Name> dateKeys;      ///< by state; empty where the state stamps no date
+  Name section;                ///< of the job file
+  const CodeNames* names;      ///< of its code
+  const EnumInfo* states;      ///< numbers and names
+  std::vector<Name> dateKeys;  ///< by state; empty where the state stamps no date
 
   /// The key of the date that entering the state stamps; empty for none.
   Name dateKey(std::int32_t state) const;

@@ -51,12 +51,13 @@ ObjectRef Session::newDocument(const JobKind& kind, const JobKind* inner) const 
 Job Session::open(const std::string& given) const {
   FileName file(given);
   return about(given, [&] {
-    checkLoading(false, file.folder, file.name);
-    const JobKind& kind = kindOf(file);
-    ObjectRef document = newDocument(kind);
-    const Variant arguments[] = {file.folder, file.name};
-    call(document, u"Carica", arguments);
-    return Job{&kind, std::move(file), std::move(document)};
+    return loading(false, file.folder, file.name, [&](const auto&) {
+      const JobKind& kind = kindOf(file);
+      ObjectRef document = newDocument(kind);
+      const Variant arguments[] = {file.folder, file.name};
+      call(document, u"Carica", arguments);
+      return Job{&kind, std::move(file), std::move(document)};
+    });
   });
 }
 

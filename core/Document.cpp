@@ -10,15 +10,23 @@ void checkBinding(bool initialised, TextView folder) {
   if (folder.empty() || !Apartment::fileSystem().folderExists(folder)) throw Error(ErrorNumber::PathNotFound);
 }
 
-void checkLoading(bool initialised, TextView folder, TextView fileName) {
-  const auto isThere = [&] {
-    return !fileName.empty() && Apartment::fileSystem().fileExists(joinPath(folder, fileName));
-  };
+std::shared_ptr<JobFile> fileToLoad(bool initialised, TextView folder, TextView fileName) {
   // What is in a folder shows that the folder is there, unless the name leads out of it.
-  const bool shows = !initialised && !folder.empty() && fileName.find_first_of(u"\\/") == TextView::npos;
-  if (shows && isThere()) return;
-  checkBinding(initialised, folder);
-  if (shows || !isThere()) throw Error(ErrorNumber::FileNotFound);
+  const bool shows = !fileName.empty() && fileName.find_first_of(u"\\/") == TextView::npos;
+  if (!shows || initialised || folder.empty()) checkBinding(initialised, folder);
+  if (fileName.empty()) throw Error(ErrorNumber::FileNotFound);
+  return Apartment::profileAccess().open(joinPath(folder, fileName));
+}
+
+void checkPresent(JobFile& file, TextView folder) {
+  const FileSystem& fileSystem = Apartment::fileSystem();
+  try {
+    if (file.exists()) return;
+  } catch (const Error&) {
+    if (fileSystem.fileExists(file.fullName())) throw;  // and not, say, a folder of that name
+  }
+  checkBinding(false, folder);
+  throw Error(ErrorNumber::FileNotFound);
 }
 
 void Document::Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collegato) {
@@ -28,7 +36,8 @@ void Document::Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collega
 void Document::InizializzaDocumento(TextView id, TextView folder, TextView fileName, bool linked) {
   checkBinding(Inizializzato, folder);
   const Text own = Text(id) + (linked ? kind_.linkedExtension : kind_.extension);
-  file_ = bindHeader(folder, fileName.empty() ? own : fileName);
+  Proprieta.FileIntestazione = {Text(folder), fileName.empty() ? own : Text(fileName)};
+  file_ = Apartment::profileAccess().open(Proprieta.FileIntestazione.File());
   file_->together([&] {
     bind(file_, Proprieta);
     Proprieta.ImpostaId(id);
@@ -41,20 +50,15 @@ void Document::InizializzaDocumento(TextView id, TextView folder, TextView fileN
 }
 
 void Document::Carica(TextView Percorso, TextView NomeFile) {
-  checkLoading(Inizializzato, Percorso, NomeFile);
-  file_ = bindHeader(Percorso, NomeFile);
-  file_->together([&] {
+  loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
+    Proprieta.FileIntestazione = {Text(Percorso), Text(NomeFile)};
+    file_ = file;
     bindAndLoad(file_, Proprieta);
     loadFields(*file_);
     loadComponents(file_);
     bind(file_, Pagine);
   });
   Inizializzato = true;
-}
-
-std::shared_ptr<JobFile> Document::bindHeader(TextView folder, TextView fileName) {
-  Proprieta.FileIntestazione = {Text(folder), Text(fileName)};
-  return Apartment::profileAccess().open(Proprieta.FileIntestazione.File());
 }
 
 Text Document::Xml() const {

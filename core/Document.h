@@ -9,9 +9,9 @@ namespace orvane {
 /// What one kind of document is called.
 struct DocumentKind {
   enmVqDocTipo type;
-  Name section;          ///< of the document's own values in the job file
-  TextView element;          ///< root of its XML
-  TextView className;        ///< the text of the root
+  Name section;                     ///< of the document's own values in the job file
+  TextView element;                 ///< root of its XML
+  TextView className;               ///< the text of the root
   const char16_t* extension;        ///< of a job of its own
   const char16_t* linkedExtension;  ///< of a job that is linked to another
 };
@@ -63,7 +63,6 @@ class Document : public Fields, protected Owner {
   friend class VqDocumenti;
   void InizializzaDocumento(TextView id, TextView folder, TextView fileName, bool linked);
   void NodoXml(XmlWriter& xml) const;
-  std::shared_ptr<JobFile> bindHeader(TextView folder, TextView fileName);
 
   const DocumentKind& kind_;
   std::shared_ptr<JobFile> file_;  // held for life, so that the kept image of the file lives as long
@@ -72,7 +71,20 @@ class Document : public Fields, protected Owner {
 /// The checks that every binding begins with: error 445 where bound, 76 where the folder is empty or missing.
 void checkBinding(bool initialised, TextView folder);
 
-/// The further checks of loading: error 53 where the name is empty or the file is missing.
-void checkLoading(bool initialised, TextView folder, TextView fileName);
+/// The job file to load, behind the checks of binding; error 53 where the name is empty.
+std::shared_ptr<JobFile> fileToLoad(bool initialised, TextView folder, TextView fileName);
+
+/// Error 76 or 53 where the folder or the file is missing.
+void checkPresent(JobFile& file, TextView folder);
+
+/// Does `work` with the job file to load, behind these checks, all on one look at the disk.
+template <class Work>
+decltype(auto) loading(bool initialised, TextView folder, TextView fileName, Work&& work) {
+  const auto file = fileToLoad(initialised, folder, fileName);
+  return file->together([&] {
+    checkPresent(*file, folder);
+    return work(file);
+  });
+}
 
 }  // namespace orvane

@@ -31,8 +31,7 @@ Text readValue(ProfileAccess& access, JobFile& file, Name section, Name key, con
   return access.LeggiTesto(file, section, key, missing);
 }
 
-std::int32_t readValue(ProfileAccess& access, JobFile& file, Name section, Name key,
-                       std::int32_t missing) {
+std::int32_t readValue(ProfileAccess& access, JobFile& file, Name section, Name key, std::int32_t missing) {
   return access.LeggiIntero(file, section, key, missing);
 }
 

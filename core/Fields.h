@@ -141,8 +141,7 @@ inline void writeValue(ProfileAccess& a, JobFile& f, TextView s, TextView k, Dat
 }
 
 Text readValue(ProfileAccess& access, JobFile& file, Name section, Name key, const Text& missing);
-std::int32_t readValue(ProfileAccess& access, JobFile& file, Name section, Name key,
-                       std::int32_t missing);
+std::int32_t readValue(ProfileAccess& access, JobFile& file, Name section, Name key, std::int32_t missing);
 bool readValue(ProfileAccess& access, JobFile& file, Name section, Name key, bool missing);
 Date readValue(ProfileAccess& access, JobFile& file, Name section, Name key, Date missing);
 
@@ -240,8 +239,7 @@ class ComputedElement;
 template <class Owner, Text (Owner::*function)() const>
 class ComputedElement<function> : public Property {
  public:
-  ComputedElement(Owner& owner, TextView element)
-      : Property(owner, element, Kept::Xml), owner_(owner) {}
+  ComputedElement(Owner& owner, TextView element) : Property(owner, element, Kept::Xml), owner_(owner) {}
 
  private:
   void render(XmlWriter& xml) const override { xml.element(name(), (owner_.*function)()); }

@@ -41,9 +41,17 @@ void JobFile::takeSnapshot() {
   snapshot_ = true;
 }
 
+void JobFile::look() { depth_ > 0 ? takeSnapshot() : validate(); }
+
+bool JobFile::exists() {
+  if (fullName_.empty()) return false;
+  look();
+  return stamp_.exists;
+}
+
 std::optional<TextView> JobFile::read(Name section, Name key) {
   if (fullName_.empty()) return std::nullopt;
-  depth_ > 0 ? takeSnapshot() : validate();
+  look();
   const auto stored = image_.find(section, key);
   if (!stored) return std::nullopt;
   return plainValue(*stored, room_);

@@ -41,6 +41,9 @@ class JobFile {
   /// is missing. The view is valid until the next call.
   std::optional<TextView> read(Name section, Name key);
 
+  /// Whether the disk has the file; errors as for reading it.
+  bool exists();
+
   /// Characters of the text that the last `read` looked at; less than 2^31.
   std::size_t length() const { return image_.bytes().size() / sizeof(char16_t); }
 
@@ -91,6 +94,7 @@ class JobFile {
   };
 
   DiskFile& disk();
+  void look();
   void validate();
   void load();
   void takeSnapshot();

@@ -32,9 +32,11 @@ class KeyedCollection {
 
   /// Error 457 where the key is taken; nothing is added then.
   void add(TextView key, Pointer item) {
-    Text folded = foldedKey(key);
-    if (!byKey_.emplace(folded, item).second) throw Error(ErrorNumber::DuplicateKey);
-    items_.push_back({std::move(folded), std::move(item)});
+    // Nothing fails between the two additions.
+    if (items_.size() == items_.capacity()) items_.reserve(2 * items_.size() + 4);
+    const auto [entry, added] = byKey_.try_emplace(foldedKey(key), std::move(item));
+    if (!added) throw Error(ErrorNumber::DuplicateKey);
+    items_.push_back(&*entry);
   }
 
   /// Null where there is none.
@@ -47,7 +49,7 @@ class KeyedCollection {
 
   /// Counted from 0; null where there is none.
   Pointer at(std::int64_t position) const {
-    return position >= 0 && position < size() ? items_[static_cast<std::size_t>(position)].item : nullptr;
+    return position >= 0 && position < size() ? items_[static_cast<std::size_t>(position)]->second : nullptr;
   }
 
   /// Error 9 for a position, 5 for a key that finds nothing.
@@ -55,9 +57,10 @@ class KeyedCollection {
     const Pointer item = find(key);
     if (!item) throw Error(key.position ? ErrorNumber::SubscriptOutOfRange : ErrorNumber::InvalidCall);
     const auto entry =
-        std::find_if(items_.begin(), items_.end(), [&](const Entry& e) { return e.item == item; });
-    byKey_.erase(entry->key);
+        std::find_if(items_.begin(), items_.end(), [&](Entry* e) { return e->second == item; });
+    const Text own = (*entry)->first;
     items_.erase(entry);
+    byKey_.erase(own);
   }
 
   void clear() {
@@ -68,15 +71,13 @@ class KeyedCollection {
   std::int32_t size() const { return static_cast<std::int32_t>(items_.size()); }
 
  private:
-  struct Entry {
-    Text key;
-    Pointer item;
-  };
+  using Table = std::unordered_map<Text, Pointer>;  // its entries stay where they are
+  using Entry = const typename Table::value_type;
 
  public:
   class Iterator {
    public:
-    using Inner = typename std::vector<Entry>::const_iterator;
+    using Inner = typename std::vector<Entry*>::const_iterator;
     using iterator_category = std::forward_iterator_tag;
     using value_type = Pointer;
     using difference_type = std::ptrdiff_t;
@@ -84,7 +85,7 @@ class KeyedCollection {
     using reference = const Pointer&;
     Iterator() = default;
     explicit Iterator(Inner inner) : inner_(inner) {}
-    const Pointer& operator*() const { return inner_->item; }
+    const Pointer& operator*() const { return (*inner_)->second; }
     Iterator& operator++() { return ++inner_, *this; }
     Iterator operator++(int) { return Iterator(inner_++); }
     bool operator==(const Iterator&) const = default;
@@ -96,8 +97,8 @@ class KeyedCollection {
   Iterator end() const { return Iterator(items_.end()); }
 
  private:
-  std::vector<Entry> items_;
-  std::unordered_map<Text, Pointer> byKey_;
+  Table byKey_;
+  std::vector<Entry*> items_;
 };
 
 }  // namespace orvane

@@ -34,8 +34,7 @@ double ProfileAccess::LeggiNumero(JobFile& file, Name section, Name key, double 
   return stored ? parseNumber(*stored).value_or(missing) : missing;
 }
 
-std::int32_t ProfileAccess::LeggiIntero(JobFile& file, Name section, Name key,
-                                        std::int32_t missing) const {
+std::int32_t ProfileAccess::LeggiIntero(JobFile& file, Name section, Name key, std::int32_t missing) const {
   const auto stored = file.read(section, key);
   return stored ? parseLong(*stored).value_or(missing) : missing;
 }

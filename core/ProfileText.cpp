@@ -23,7 +23,10 @@ std::uint32_t hashUnder(std::uint32_t owner, Name name) { return name.hash() + o
 bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
 std::size_t findLineEnd(TextView text, std::size_t at) {
-  return findMarked(text, at, [](std::uint64_t four) { return marksOf(four, u'\r') | marksOf(four, u'\n'); });
+  const auto isControl = [](std::uint64_t four) { return marksBelow(four, u' '); };
+  std::size_t end = findMarked(text, at, isControl);
+  while (end < text.size() && !endsLine(text[end])) end = findMarked(text, end + 1, isControl);
+  return end;
 }
 
 std::size_t afterLineEnd(TextView text, std::size_t end) {
@@ -33,12 +36,12 @@ std::size_t afterLineEnd(TextView text, std::size_t end) {
 
 bool isPlain(char16_t unit) { return unit > u' ' && unit < 0x7F && unit != u'[' && unit != u';'; }
 
-// The equals sign behind the key that begins at `at`, where the key has nothing odd at its ends and no
-// controls; otherwise 0. A text ends in a control.
-std::size_t plainKeyEnd(const Text& text, std::size_t at) {
-  const std::size_t sign =
-      findMarked(text, at, [](std::uint64_t four) { return marksBelow(four, u' ') | marksOf(four, u'='); });
-  return text[sign] == u'=' && sign > at && isPlain(text[at]) && isPlain(text[sign - 1]) ? sign : 0;
+// The sign behind the name that begins at `at`, where the name has nothing odd at its ends and no controls;
+// otherwise 0. A text ends in a control.
+std::size_t plainNameEnd(const Text& text, std::size_t at, char16_t sign) {
+  const std::size_t end =
+      findMarked(text, at, [=](std::uint64_t four) { return marksBelow(four, u' ') | marksOf(four, sign); });
+  return text[end] == sign && end > at && isPlain(text[at]) && isPlain(text[end - 1]) ? end : 0;
 }
 
 void appendUtf16(Text& out, std::string_view bytes, bool swapped) {
@@ -90,16 +93,20 @@ void ProfileText::index() {
   constexpr std::size_t kShortLine = 16;  // so that the table need not grow for most files
   entries_.clear();
   entries_.reserve(text_.size() / kShortLine);
-  table_.assign(std::max(kSmallestTable, std::bit_ceil(text_.size() / (kShortLine / 2))), kNone);
+  table_.resize(std::max(kSmallestTable, std::bit_ceil(text_.size() / (kShortLine / 2))));
+  std::fill(table_.begin(), table_.end(), kNone);
   lastSection_ = kNone;
   std::uint32_t section = kNone;
   for (std::size_t at = 1; at < text_.size();) {
-    const std::size_t sign = plainKeyEnd(text_, at);
+    const std::size_t name = text_[at] == u'[' ? at + 1 : at;
+    const std::size_t sign = plainNameEnd(text_, name, name > at ? u']' : u'=');
     const std::size_t end = findLineEnd(text_, std::max(at, sign));
     const std::size_t next = afterLineEnd(text_, end);
     const TextView line = TextView(text_).substr(at, end - at);
     if (sign == 0) {
       indexLine(withoutOuterBlanks(line), next, section);
+    } else if (name > at) {
+      section = indexSection(line.substr(1, sign - name), next);
     } else if (section != kNone) {
       endSection(section, next);
       indexKey(line.substr(0, sign - at), line.substr(sign + 1 - at), section);
@@ -138,10 +145,13 @@ void ProfileText::endSection(std::uint32_t section, std::size_t next) {
   entries_[section].valueLength = endsLine(text_[next - 1]);
 }
 
-// A section of a name that has been there, or of none, is none of ours.
 std::uint32_t ProfileText::indexHeader(TextView line, std::size_t next) {
   const TextView name = withoutOuterBlanks(line.substr(1, line.find(u']') - 1));
-  if (!canBeSection(name)) return kNone;
+  return canBeSection(name) ? indexSection(name, next) : kNone;
+}
+
+// A section of a name that has been there, or of none, is none of ours.
+std::uint32_t ProfileText::indexSection(TextView name, std::size_t next) {
   return add({.hash = hashUnder(kNone, name),
               .owner = kNone,
               .name = placeOf(name),
@@ -151,7 +161,7 @@ std::uint32_t ProfileText::indexHeader(TextView line, std::size_t next) {
 }
 
 // Where the entry of that name stands in the table, or would.
-std::size_t ProfileText::slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const {
+inline std::size_t ProfileText::slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const {
   const std::size_t mask = table_.size() - 1;
   std::size_t slot = hash & mask;
   for (; table_[slot] != kNone; slot = (slot + 1) & mask) {

@@ -53,6 +53,7 @@ class ProfileText {
   void index();
   void indexLine(TextView line, std::size_t next, std::uint32_t& section);
   std::uint32_t indexHeader(TextView line, std::size_t next);
+  std::uint32_t indexSection(TextView name, std::size_t next);
   void indexKey(TextView key, TextView value, std::uint32_t section);
   void endSection(std::uint32_t section, std::size_t next);
   std::size_t slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const;

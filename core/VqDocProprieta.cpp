@@ -4,10 +4,14 @@
 
 namespace orvane {
 
-VqDocProprieta::VqDocProprieta()
-    : Component(u"Proprieta", u"Proprieta"), Guid(u"GUID_" + newGuid().substr(1, 36)) {}
+VqDocProprieta::VqDocProprieta() : Component(u"Proprieta", u"Proprieta") {}
 
 VqDocProprieta::~VqDocProprieta() = default;
+
+const Text& VqDocProprieta::Identity::get() const {
+  if (text_.empty()) text_ = u"GUID_" + newGuid().substr(1, 36);
+  return text_;
+}
 
 void VqDocProprieta::ImpostaFile(const std::shared_ptr<JobFile>& file) {
   Component::ImpostaFile(file);

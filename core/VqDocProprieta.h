@@ -15,8 +15,21 @@ class VqDocProprieta : public Component, private Owner {
   VqDocProprieta();
   ~VqDocProprieta() override;
 
-  /// "GUID_" and a new GUID in 36 characters: the identity of this object, in no file and in no XML.
-  ReadOnly<Text, VqDocProprieta> Guid;
+  /// The identity of an object, made when it is first asked for.
+  class Identity {
+   public:
+    using Value = Text;
+    const Text& get() const;
+    operator const Text&() const { return get(); }
+    friend bool operator==(const Identity& a, const Text& b) { return a.get() == b; }
+
+   private:
+    mutable Text text_;
+  };
+
+  /// "GUID_" and a new GUID in 36 characters, in no file and in no XML. Error 57 where the system has none to
+  /// give.
+  Identity Guid;
 
   Stored<Text> Versione{*this, u"Versione"};
   /// The document's identifier, set when the document is bound or loaded.

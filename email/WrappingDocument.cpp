@@ -65,12 +65,9 @@ void WrappingDocument::Inizializza(TextView Id, enmVqDocTipo Tipo, TextView Perc
 }
 
 void WrappingDocument::Carica(TextView Percorso, TextView NomeFile) {
-  checkLoading(Inizializzato, Percorso, NomeFile);
-  ProfileAccess& access = Apartment::profileAccess();
-  const auto file = access.open(joinPath(Percorso, NomeFile));
-  file->together([&] {
-    ImpostaDocumento(
-        static_cast<enmVqDocTipo>(access.LeggiIntero(*file, u"Tipo", u"Codice", -1)));
+  loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
+    const auto type = Apartment::profileAccess().LeggiIntero(*file, u"Tipo", u"Codice", -1);
+    ImpostaDocumento(static_cast<enmVqDocTipo>(type));
     inner().Carica(Percorso, NomeFile);
     loadParts(inner().file_);
   });
