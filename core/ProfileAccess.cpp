@@ -24,9 +24,14 @@ const std::shared_ptr<JobFile>& ProfileAccess::noFile() {
   return file;
 }
 
+TextView ProfileAccess::VediTesto(JobFile& file, Name section, Name key, TextView missing,
+                                  std::size_t most) const {
+  return file.read(section, key).value_or(missing).substr(0, most);
+}
+
 Text ProfileAccess::LeggiTesto(JobFile& file, Name section, Name key, TextView missing,
                                std::size_t most) const {
-  return Text(file.read(section, key).value_or(missing).substr(0, most));
+  return Text(VediTesto(file, section, key, missing, most));
 }
 
 double ProfileAccess::LeggiNumero(JobFile& file, Name section, Name key, double missing) const {

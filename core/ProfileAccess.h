@@ -23,6 +23,9 @@ class ProfileAccess {
   /// The file without a name, which every component has until it is bound.
   static const std::shared_ptr<JobFile>& noFile();
 
+  /// Valid until the file is next read or written.
+  TextView VediTesto(JobFile& file, Name section, Name key, TextView missing = {},
+                     std::size_t most = kLongestText) const;
   Text LeggiTesto(JobFile& file, Name section, Name key, TextView missing = {},
                   std::size_t most = kLongestText) const;
   /// `missing` also where the stored value is no number.

@@ -2,7 +2,6 @@
 
 #include "core/Error.h"
 #include "core/Numbers.h"
-#include "core/Units.h"
 
 namespace orvane {
 
@@ -56,12 +55,14 @@ void ControlCode::write(ProfileAccess& access, JobFile& file, Name section) cons
 
 // What follows the last ";" is never read: what was written ends in one, and all seven bytes are read.
 void ControlCode::load(ProfileAccess& access, JobFile& file, Name section) {
-  const Text text = access.LeggiTesto(file, section, name(), kMissing);
-  std::size_t begin = 0;
+  const TextView text = access.VediTesto(file, section, name(), kMissing);
   std::size_t i = 0;
-  for (std::size_t end; (end = findUnit(text, u';', begin)) < text.size(); begin = end + 1) {
+  std::size_t begin = 0;
+  for (std::size_t end = 0; end < text.size(); ++end) {
+    if (text[end] != u';') continue;
     if (i >= kSize) throw Error(ErrorNumber::SubscriptOutOfRange);
-    bytes_[i++] = toByte(TextView(text).substr(begin, end - begin));
+    bytes_[i++] = toByte(text.substr(begin, end - begin));
+    begin = end + 1;
   }
 }
 
