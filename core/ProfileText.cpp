@@ -108,7 +108,7 @@ void ProfileText::index() {
     } else if (name > at) {
       section = indexSection(line.substr(1, sign - name), next);
     } else if (section != kNone) {
-      endSection(section, next);
+      entries_[section].value = static_cast<std::uint32_t>(next);
       indexKey(line.substr(0, sign - at), line.substr(sign + 1 - at), section);
     }
     at = next;
@@ -122,14 +122,14 @@ void ProfileText::indexLine(TextView line, std::size_t next, std::uint32_t& sect
     return;
   }
   if (section == kNone) return;
-  endSection(section, next);
+  entries_[section].value = static_cast<std::uint32_t>(next);
   const std::size_t sign = line.find(u'=');
   if (sign == TextView::npos) return;
   const TextView key = withoutOuterBlanks(line.substr(0, sign));
   if (canBeKey(key)) indexKey(key, line.substr(sign + 1), section);
 }
 
-void ProfileText::indexKey(TextView key, TextView value, std::uint32_t section) {
+inline void ProfileText::indexKey(TextView key, TextView value, std::uint32_t section) {
   value = withoutOuterBlanks(value);
   add({.hash = hashUnder(section, key),
        .owner = section,
@@ -137,12 +137,6 @@ void ProfileText::indexKey(TextView key, TextView value, std::uint32_t section) 
        .nameLength = static_cast<std::uint32_t>(key.size()),
        .value = placeOf(value),
        .valueLength = static_cast<std::uint32_t>(value.size())});
-}
-
-// The next key of the section goes to `next`.
-void ProfileText::endSection(std::uint32_t section, std::size_t next) {
-  entries_[section].value = static_cast<std::uint32_t>(next);
-  entries_[section].valueLength = endsLine(text_[next - 1]);
 }
 
 std::uint32_t ProfileText::indexHeader(TextView line, std::size_t next) {
@@ -157,7 +151,7 @@ std::uint32_t ProfileText::indexSection(TextView name, std::size_t next) {
               .name = placeOf(name),
               .nameLength = static_cast<std::uint32_t>(name.size()),
               .value = static_cast<std::uint32_t>(next),
-              .valueLength = endsLine(text_[next - 1])});
+              .valueLength = 0});
 }
 
 // Where the entry of that name stands in the table, or would.
@@ -172,24 +166,24 @@ inline std::size_t ProfileText::slotOf(std::uint32_t owner, TextView name, std::
   return slot;
 }
 
-std::uint32_t ProfileText::lookUp(std::uint32_t owner, Name name) const {
+inline std::uint32_t ProfileText::lookUp(std::uint32_t owner, Name name) const {
   return table_[slotOf(owner, name, hashUnder(owner, name))];
 }
 
 // Keys are asked for section by section.
-std::uint32_t ProfileText::findSection(Name name) const {
+inline std::uint32_t ProfileText::findSection(Name name) const {
   if (lastSection_ != kNone && same(nameOf(entries_[lastSection_]), name)) return lastSection_;
   const std::uint32_t found = lookUp(kNone, name);
   if (found != kNone) lastSection_ = found;
   return found;
 }
 
-std::uint32_t ProfileText::findKey(Name section, Name key) const {
+inline std::uint32_t ProfileText::findKey(Name section, Name key) const {
   const std::uint32_t owner = findSection(section);
   return owner == kNone ? kNone : lookUp(owner, key);
 }
 
-std::uint32_t ProfileText::add(const Entry& entry) {
+inline std::uint32_t ProfileText::add(const Entry& entry) {
   const std::size_t slot = slotOf(entry.owner, nameOf(entry), entry.hash);
   if (table_[slot] != kNone) return kNone;
   const auto added = static_cast<std::uint32_t>(entries_.size());
@@ -234,9 +228,7 @@ void ProfileText::endLastLine() {
   if (before == 1 || endsLine(text_.back())) return;
   text_ += kLineEnd;
   for (Entry& entry : entries_) {
-    if (entry.owner != kNone || entry.value != before) continue;
-    entry.value = static_cast<std::uint32_t>(text_.size());
-    entry.valueLength = 1;
+    if (entry.owner == kNone && entry.value == before) entry.value = static_cast<std::uint32_t>(text_.size());
   }
 }
 
@@ -249,16 +241,15 @@ std::uint32_t ProfileText::appendSection(Name name) {
               .name = static_cast<std::uint32_t>(at + 1),
               .nameLength = name.size(),
               .value = static_cast<std::uint32_t>(text_.size()),
-              .valueLength = 1});
+              .valueLength = 0});
 }
 
 void ProfileText::insertKey(std::uint32_t section, Name key, TextView value) {
-  const bool ended = entries_[section].valueLength != 0;
   const std::size_t before = entries_[section].value;
+  const bool ended = endsLine(text_[before - 1]);
   line_.assign(ended ? TextView() : kLineEnd).append(key).append(1, u'=').append(value).append(kLineEnd);
   const std::size_t at = before + (ended ? 0 : kLineEnd.size());
   splice(before, 0, line_);
-  entries_[section].valueLength = 1;
   add({.hash = hashUnder(section, key),
        .owner = section,
        .name = static_cast<std::uint32_t>(at),

@@ -36,8 +36,7 @@ class ProfileText {
   void bytesAreStored() { canonical_ = true; }
 
  private:
-  // A section has `owner` kNone, its `value` is the place for its next key and `valueLength` tells whether
-  // the line before that place is ended.
+  // A section has `owner` kNone, and its `value` is the place for its next key.
   struct Entry {
     std::uint32_t hash;
     std::uint32_t owner;
@@ -55,7 +54,6 @@ class ProfileText {
   std::uint32_t indexHeader(TextView line, std::size_t next);
   std::uint32_t indexSection(TextView name, std::size_t next);
   void indexKey(TextView key, TextView value, std::uint32_t section);
-  void endSection(std::uint32_t section, std::size_t next);
   std::size_t slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const;
   std::uint32_t lookUp(std::uint32_t owner, Name name) const;
   std::uint32_t findSection(Name name) const;

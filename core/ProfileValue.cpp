@@ -67,12 +67,6 @@ TextView withoutQuotes(TextView text) {
 
 }  // namespace
 
-TextView withoutOuterBlanks(TextView text) {
-  while (!text.empty() && isProfileBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isProfileBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 bool canBeSection(TextView name) { return canBeName(name, u']'); }
 
 bool canBeKey(TextView name) { return canBeName(name, u'='); }
