@@ -35,13 +35,10 @@ void JobFile::load() {
 }
 
 void JobFile::takeSnapshot() {
-  if (snapshot_) return;
   validate();
   apply();
   snapshot_ = true;
 }
-
-void JobFile::look() { depth_ > 0 ? takeSnapshot() : validate(); }
 
 bool JobFile::exists() {
   if (fullName_.empty()) return false;
@@ -75,7 +72,7 @@ void JobFile::note(TextView section, TextView key, TextView value) {
 // A write that fails is taken back; those before it stay.
 void JobFile::applyInScope() {
   try {
-    takeSnapshot();
+    look();
     apply();
   } catch (...) {
     changes_.pop_back();

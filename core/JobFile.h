@@ -94,7 +94,9 @@ class JobFile {
   };
 
   DiskFile& disk();
-  void look();
+  void look() {
+    if (!snapshot_) depth_ > 0 ? takeSnapshot() : validate();
+  }
   void validate();
   void load();
   void takeSnapshot();

@@ -1,6 +1,5 @@
 #include "core/Numbers.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -27,9 +26,12 @@ class Narrow {
   explicit Narrow(TextView text) {
     if (text.size() > sizeof room_) long_.resize(text.size());
     char* const begin = long_.empty() ? room_ : long_.data();
-    if (std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 0x7E; })) return;
-    std::transform(text.begin(), text.end(), begin, [](char16_t unit) { return static_cast<char>(unit); });
-    digits_ = {begin, text.size()};
+    char16_t all = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      all |= text[i];
+      begin[i] = static_cast<char>(text[i]);
+    }
+    if (all < 0x80) digits_ = {begin, text.size()};
   }
   Narrow(const Narrow&) = delete;
   Narrow& operator=(const Narrow&) = delete;
@@ -52,9 +54,10 @@ bool isTiny(std::string_view digits) {
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 TextView trimmed(TextView text) {
-  const auto first = text.find_first_not_of(u" \t");
-  if (first == TextView::npos) return {};
-  return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
+  const auto isBlank = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 // Most stored numbers are whole and short. Nothing for any other.
