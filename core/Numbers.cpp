@@ -60,20 +60,6 @@ TextView trimmed(TextView text) {
   return text;
 }
 
-// Most stored numbers are whole and short. Nothing for any other.
-std::optional<std::int32_t> parseShortWhole(TextView text) {
-  const bool negative = text.starts_with(u'-');
-  const TextView digits = text.substr(negative ? 1 : 0);
-  if (digits.empty() || digits.size() > 9) return std::nullopt;
-  std::int32_t whole = 0;
-  for (const char16_t unit : digits) {
-    const int digit = unit - u'0';
-    if (digit < 0 || digit > 9) return std::nullopt;
-    whole = 10 * whole + digit;
-  }
-  return negative ? -whole : whole;
-}
-
 // `digits` hold a number without blanks or a leading plus. The standard conversion would also take words such
 // as "inf" and a second sign.
 std::optional<double> parseAny(std::string_view digits, bool negative) {
@@ -134,15 +120,14 @@ Text numberText(double number) {
 }
 
 std::optional<double> parseNumber(TextView text) {
-  if (const auto whole = parseShortWhole(text)) return *whole;
+  if (const auto whole = detail::parseShortWhole(text)) return *whole;
   const Narrow narrow(trimmed(text));
   const std::string_view digits = narrow.digits();
   return digits.starts_with('+') ? parseAny(digits.substr(1), false)
                                  : parseAny(digits, digits.starts_with('-'));
 }
 
-std::optional<std::int32_t> parseLong(TextView text) {
-  if (const auto whole = parseShortWhole(text)) return whole;
+std::optional<std::int32_t> detail::parseLongerLong(TextView text) {
   const auto number = parseNumber(text);
   if (!number) return std::nullopt;
   return roundToLong(*number);

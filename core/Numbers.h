@@ -24,8 +24,31 @@ Text numberText(double number);
 /// spells none. A number beyond the largest double reads as infinity.
 std::optional<double> parseNumber(TextView text);
 
+namespace detail {
+
+/// Most stored numbers are whole and short. Nothing for any other.
+inline std::optional<std::int32_t> parseShortWhole(TextView text) {
+  const bool negative = text.starts_with(u'-');
+  const TextView digits = text.substr(negative ? 1 : 0);
+  if (digits.empty() || digits.size() > 9) return std::nullopt;
+  std::int32_t whole = 0;
+  for (const char16_t unit : digits) {
+    const int digit = unit - u'0';
+    if (digit < 0 || digit > 9) return std::nullopt;
+    whole = 10 * whole + digit;
+  }
+  return negative ? -whole : whole;
+}
+
+std::optional<std::int32_t> parseLongerLong(TextView text);
+
+}  // namespace detail
+
 /// That number rounded as `roundToLong` does it, and the same error.
-std::optional<std::int32_t> parseLong(TextView text);
+inline std::optional<std::int32_t> parseLong(TextView text) {
+  const auto whole = detail::parseShortWhole(text);
+  return whole ? whole : detail::parseLongerLong(text);
+}
 
 /// The same where `separator` too may stand for the point.
 std::optional<double> parseNumber(TextView text, TextView separator);
