@@ -16,7 +16,7 @@ import re
 
 FOLDERS = ["core", "codes", "pages", "queues", "fax", "email"]
 
-LITERAL = r'(?:u"([^"]*)"|nullptr)'
+LITERAL = r'(?:u"([^"]*)"|\{\})'
 CLASS = re.compile(r"^( *)(?:class|struct) (\w+)(?: final)?\s*(?::\s*([^{;]*?))?\s*\{", re.MULTILINE)
 ALIAS = re.compile(r"^using (\w+) = ([^;]+);", re.MULTILINE)
 ROW = re.compile(rf"CodeRow (\w+)\{{{LITERAL}, {LITERAL}, \{{([^}}]*)\}}(?:, Kept::(\w+))?\}};")
@@ -121,7 +121,7 @@ class Headers:
         for name, section, element in re.findall(pattern, text):
             if name in self.classes:
                 self.classes[name].section, self.classes[name].element = section, element
-        passing = r'\b(\w+)\(const char16_t\* section\) : Component\(section, u"(\w+)"\)'
+        passing = r'\b(\w+)\(Name section\) : Component\(section, u"(\w+)"\)'
         for name, element in re.findall(passing, text):
             self.classes[name].element = element
 
