@@ -80,6 +80,37 @@ INSTANTIATE_TEST_SUITE_P(Of, Moments,
                                          ERROR_DELETE_PENDING),
                          [](const auto& row) { return "Error" + std::to_string(row.param); });
 
+BOOL WINAPI tellOfAShare(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, void* out, DWORD size) {
+  static const auto real = ofSystem<decltype(GetFileInformationByHandleEx)>("GetFileInformationByHandleEx");
+  return what == FileRemoteProtocolInfo || real(file, what, out, size);
+}
+
+int renamesOfClosedFiles = 0;
+
+// Opens the file as nobody can while another has it open to write.
+BOOL WINAPI renameOnShare(LPCWSTR from, LPCWSTR to, DWORD flags) {
+  static const auto real = ofSystem<decltype(MoveFileExW)>("MoveFileExW");
+  const HANDLE file = CreateFileW(from, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return FALSE;
+  CloseHandle(file);
+  ++renamesOfClosedFiles;
+  return real(from, to, flags);
+}
+
+using Shares = JobFolder;
+
+// Their client may keep back what is written, and must not tell the server of the new name first.
+TEST_F(Shares, AreToldOfTheNewNameOnceTheFileIsClosed) {
+  const Import tell(GetModuleHandleW(nullptr), "GetFileInformationByHandleEx", tellOfAShare);
+  const Import rename(GetModuleHandleW(nullptr), "MoveFileExW", renameOnShare);
+  orvane::JobFile file(published());
+  file.write(u"A", u"k", u"1");
+  file.write(u"A", u"k", u"2");
+  EXPECT_EQ(renamesOfClosedFiles, 2);
+  EXPECT_EQ(valueOf(u"A", u"k"), u"2");
+  EXPECT_EQ(names(), std::set<std::wstring>{L"job.vqs"});
+}
+
 using Names = JobFolder;
 
 TEST_F(Names, WithTrailingDotsAndBlanksAreTheNameWithout) {
