@@ -202,11 +202,12 @@ Stamp DiskFile::read(std::string& bytes) const {
     const DWORD code = file.isOpen() ? ERROR_SUCCESS : GetLastError();
     if (isMissing(code)) {
       // A file taken for missing would be written anew without its values: two calls must agree.
-      if (!stamp().exists || !patience.wait()) return {};
+      if (!stamp().exists) return {};
+      if (!patience.wait()) raiseSystemError(ERROR_FILE_INVALID);
       continue;
     }
-    if (isFolder(path)) raiseSystemError(ERROR_DIRECTORY);
     if (!file.isOpen()) {
+      if (isFolder(path)) raiseSystemError(ERROR_DIRECTORY);
       if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
       continue;
     }

@@ -1,4 +1,6 @@
 // What Windows makes of names and moments.
+#include <limits>
+
 #include "tests/automation/Imports.h"
 #include "tests/neighbours/JobFolder_win32.h"
 
@@ -73,6 +75,13 @@ TEST_P(Moments, OfAFailingOpenLoseNoOtherValue) {
   EXPECT_EQ(failures, 0);
   EXPECT_EQ(valueOf(u"A", u"k"), u"3");
   EXPECT_EQ(valueOf(u"A", u"other"), u"2");
+}
+
+TEST_P(Moments, OfAnOpenThatFailsAllTheTimeAreAnError) {
+  const Import open(GetModuleHandleW(nullptr), "CreateFileW", openOrFail);
+  failNext(std::numeric_limits<int>::max());
+  const bool refused = GetParam() == ERROR_ACCESS_DENIED || GetParam() == ERROR_SHARING_VIOLATION;
+  EXPECT_EQ(errorOf([&] { valueOf(u"A", u"k"); }), refused ? 70 : 75);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Moments,
