@@ -71,8 +71,7 @@ void DiskFile::settle() {
 DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, bool durable) {
   const std::int64_t modified = timeOfChange(old);
   try {
-    writeTemporary(bytes, old, modified, durable);
-    exchange(durable);
+    exchange(bytes, old, modified, durable);
   } catch (...) {
     removeTemporary();
     throw;

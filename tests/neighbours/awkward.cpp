@@ -1,4 +1,6 @@
 // What Windows makes of names and moments.
+#include <limits>
+
 #include "tests/automation/Imports.h"
 #include "tests/neighbours/JobFolder_win32.h"
 
@@ -75,10 +77,48 @@ TEST_P(Moments, OfAFailingOpenLoseNoOtherValue) {
   EXPECT_EQ(valueOf(u"A", u"other"), u"2");
 }
 
+TEST_P(Moments, OfAnOpenThatFailsAllTheTimeAreAnError) {
+  const Import open(GetModuleHandleW(nullptr), "CreateFileW", openOrFail);
+  failNext(std::numeric_limits<int>::max());
+  const bool refused = GetParam() == ERROR_ACCESS_DENIED || GetParam() == ERROR_SHARING_VIOLATION;
+  EXPECT_EQ(errorOf([&] { valueOf(u"A", u"k"); }), refused ? 70 : 75);
+}
+
 INSTANTIATE_TEST_SUITE_P(Of, Moments,
                          testing::Values(ERROR_FILE_NOT_FOUND, ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION,
                                          ERROR_DELETE_PENDING),
                          [](const auto& row) { return "Error" + std::to_string(row.param); });
+
+BOOL WINAPI tellOfAShare(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, void* out, DWORD size) {
+  static const auto real = ofSystem<decltype(GetFileInformationByHandleEx)>("GetFileInformationByHandleEx");
+  return what == FileRemoteProtocolInfo || real(file, what, out, size);
+}
+
+int renamesOfClosedFiles = 0;
+
+// Opens the file as nobody can while another has it open to write.
+BOOL WINAPI renameOnShare(LPCWSTR from, LPCWSTR to, DWORD flags) {
+  static const auto real = ofSystem<decltype(MoveFileExW)>("MoveFileExW");
+  const HANDLE file = CreateFileW(from, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return FALSE;
+  CloseHandle(file);
+  ++renamesOfClosedFiles;
+  return real(from, to, flags);
+}
+
+using Shares = JobFolder;
+
+// Their client may keep back what is written, and must not tell the server of the new name first.
+TEST_F(Shares, AreToldOfTheNewNameOnceTheFileIsClosed) {
+  const Import tell(GetModuleHandleW(nullptr), "GetFileInformationByHandleEx", tellOfAShare);
+  const Import rename(GetModuleHandleW(nullptr), "MoveFileExW", renameOnShare);
+  orvane::JobFile file(published());
+  file.write(u"A", u"k", u"1");
+  file.write(u"A", u"k", u"2");
+  EXPECT_EQ(renamesOfClosedFiles, 2);
+  EXPECT_EQ(valueOf(u"A", u"k"), u"2");
+  EXPECT_EQ(names(), std::set<std::wstring>{L"job.vqs"});
+}
 
 using Names = JobFolder;
 
