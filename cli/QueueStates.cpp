@@ -46,9 +46,9 @@ const char* phaseName(Phase phase) {
   return names[static_cast<std::size_t>(phase)];
 }
 
-Name QueueInfo::dateKey(std::int32_t state) const {
+TextView QueueInfo::dateKey(std::int32_t state) const {
   const auto index = static_cast<std::size_t>(state);
-  return state >= 0 && index < dateKeys.size() ? dateKeys[index] : Name();
+  return state >= 0 && index < dateKeys.size() ? TextView(dateKeys[index]) : TextView();
 }
 
 Phase QueueInfo::phase(std::int32_t state) const {

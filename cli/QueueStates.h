@@ -24,7 +24,7 @@ struct QueueInfo {
   std::vector<Name> dateKeys;  ///< by state; empty where the state stamps no date
 
   /// The key of the date that entering the state stamps; empty for none.
-  Name dateKey(std::int32_t state) const;
+  TextView dateKey(std::int32_t state) const;
 
   /// A date that begins a work makes its state a working one, and of the states that share the date of the
   /// end the first is done and the second rejected.

@@ -39,9 +39,10 @@ TEST(QueueStates, TellWhatAStateMeansOnEveryChannel) {
 }
 
 TEST(QueueStates, NameTheSectionOfTheJobFile) {
-  EXPECT_EQ(queueOf(jobKindNamed("stampa")).section, u"CodaStampa");
-  EXPECT_EQ(queueOf(jobKindNamed("pfax")).section, u"CodaPFax");
-  EXPECT_EQ(queueOf(jobKindNamed("pbl")).section, u"CodaPubblicazione");
+  const auto sectionOf = [](const char* kind) -> TextView { return queueOf(jobKindNamed(kind)).section; };
+  EXPECT_EQ(sectionOf("stampa"), u"CodaStampa");
+  EXPECT_EQ(sectionOf("pfax"), u"CodaPFax");
+  EXPECT_EQ(sectionOf("pbl"), u"CodaPubblicazione");
 }
 
 }  // namespace
