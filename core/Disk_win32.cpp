@@ -227,7 +227,13 @@ void DiskFile::exchange(std::string_view bytes, const Stamp& old, std::int64_t m
   // A temporary left by a killed process is written anew: nobody else can be using it while the lock is ours.
   Handle file(from, GENERIC_WRITE | DELETE, kShareAll, CREATE_ALWAYS,
               FILE_ATTRIBUTE_NORMAL | old.permissions | through);
-  if (!file.isOpen()) raiseLastSystemError();
+  if (!file.isOpen()) {
+    const DWORD code = GetLastError();
+    // One of other attributes must be gone first.
+    if (code == ERROR_ACCESS_DENIED && DeleteFileW(from.c_str()))
+      return exchange(bytes, old, modified, durable);
+    raiseSystemError(code);
+  }
   writeAll(file, bytes);
   const FILETIME time = fileTime(modified);
   SetFileTime(file.get(), nullptr, nullptr, &time);

@@ -30,6 +30,19 @@ class JobFileImage : public MeetingFolder {
   }
 };
 
+TEST_F(JobFileImage, TellsWhetherTheFileIsThere) {
+  JobFile file(published());
+  EXPECT_FALSE(file.exists());
+  file.together([&] {
+    file.write(u"A", u"k", u"1");
+    EXPECT_FALSE(file.exists());
+  });
+  EXPECT_TRUE(file.exists());
+  std::filesystem::remove(path());
+  EXPECT_FALSE(file.exists());
+  EXPECT_FALSE(JobFile(u"").exists());
+}
+
 // Changes of one size, many in each tick of the clock that file systems take their times from.
 int ticks() { return (kSanitized ? 1'000 : 2'000) * soakFactor(); }
 

@@ -120,6 +120,32 @@ TEST_F(Shares, AreToldOfTheNewNameOnceTheFileIsClosed) {
   EXPECT_EQ(names(), std::set<std::wstring>{L"job.vqs"});
 }
 
+// The system lets nobody make a hidden file anew by attributes that do not say so.
+HANDLE WINAPI openUnlessHidden(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+                               DWORD how, DWORD flags, HANDLE pattern) {
+  static const auto real = ofSystem<decltype(CreateFileW)>("CreateFileW");
+  const DWORD attributes = GetFileAttributesW(path);
+  const bool hidden = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+  if (how == CREATE_ALWAYS && hidden && (flags & FILE_ATTRIBUTE_HIDDEN) == 0) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    return INVALID_HANDLE_VALUE;
+  }
+  return real(path, access, share, security, how, flags, pattern);
+}
+
+using Leftovers = JobFolder;
+
+TEST_F(Leftovers, OfAHiddenJobFileAreInNobodysWay) {
+  const Import open(GetModuleHandleW(nullptr), "CreateFileW", openUnlessHidden);
+  wchar_t name[32];
+  std::swprintf(name, std::size(name), L".orvane-%08x.tmp", orvane::lockNumberOf(u"job.vqs"));
+  CloseHandle(
+      CreateFileW(path(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_HIDDEN, nullptr));
+  orvane::JobFile(published()).write(u"A", u"k", u"1");
+  EXPECT_EQ(valueOf(u"A", u"k"), u"1");
+  EXPECT_EQ(names(), std::set<std::wstring>{L"job.vqs"});
+}
+
 using Names = JobFolder;
 
 TEST_F(Names, WithTrailingDotsAndBlanksAreTheNameWithout) {

@@ -103,6 +103,14 @@ class ParseNumber : public testing::TestWithParam<Parsing> {};
 
 TEST_P(ParseNumber, ReadsAWholeTextOrNothing) { EXPECT_EQ(parseNumber(GetParam().text), GetParam().number); }
 
+TEST_P(ParseNumber, IsRoundedToALong) {
+  const auto [text, number] = std::pair(GetParam().text, GetParam().number);
+  const int expected = number ? errorOf([&] { roundToLong(*number); }) : 0;
+  EXPECT_EQ(errorOf([&] { parseLong(text); }), expected);
+  if (expected != 0) return;
+  EXPECT_EQ(parseLong(text), number ? std::optional(roundToLong(*number)) : std::nullopt);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Accepts, ParseNumber,
     testing::Values(Parsing{"Digits", u"42", 42}, Parsing{"Blanks", u" \t42 \t", 42},
