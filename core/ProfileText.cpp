@@ -31,17 +31,20 @@ std::size_t findLineEnd(TextView text, std::size_t at) {
 
 std::size_t afterLineEnd(TextView text, std::size_t end) {
   if (end == text.size()) return end;
-  return text.substr(end, kLineEnd.size()) == kLineEnd ? end + 2 : end + 1;
+  const bool both = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
+  return end + (both ? 2 : 1);
 }
 
 bool isPlain(char16_t unit) { return unit > u' ' && unit < 0x7F && unit != u'[' && unit != u';'; }
 
 // The sign behind the name that begins at `at`, where the name has nothing odd at its ends and no controls;
-// otherwise 0. A text ends in a control.
-std::size_t plainNameEnd(const Text& text, std::size_t at, char16_t sign) {
+// otherwise 0.
+std::size_t plainNameEnd(TextView text, std::size_t at, char16_t sign) {
   const std::size_t end =
       findMarked(text, at, [=](std::uint64_t four) { return marksBelow(four, u' ') | marksOf(four, sign); });
-  return text[end] == sign && end > at && isPlain(text[at]) && isPlain(text[end - 1]) ? end : 0;
+  return end < text.size() && text[end] == sign && end > at && isPlain(text[at]) && isPlain(text[end - 1])
+             ? end
+             : 0;
 }
 
 void appendUtf16(Text& out, std::string_view bytes, bool swapped) {
@@ -97,19 +100,20 @@ void ProfileText::index() {
   std::fill(table_.begin(), table_.end(), kNone);
   lastSection_ = kNone;
   std::uint32_t section = kNone;
-  for (std::size_t at = 1; at < text_.size();) {
-    const std::size_t name = text_[at] == u'[' ? at + 1 : at;
-    const std::size_t sign = plainNameEnd(text_, name, name > at ? u']' : u'=');
-    const std::size_t end = findLineEnd(text_, std::max(at, sign));
-    const std::size_t next = afterLineEnd(text_, end);
-    const TextView line = TextView(text_).substr(at, end - at);
+  const TextView text = text_;
+  for (std::size_t at = 1; at < text.size();) {
+    const std::size_t name = text[at] == u'[' ? at + 1 : at;
+    const std::size_t sign = plainNameEnd(text, name, name > at ? u']' : u'=');
+    const std::size_t end = findLineEnd(text, std::max(at, sign));
+    const std::size_t next = afterLineEnd(text, end);
+    const TextView line(text.data() + at, end - at);
     if (sign == 0) {
       indexLine(withoutOuterBlanks(line), next, section);
     } else if (name > at) {
-      section = indexSection(line.substr(1, sign - name), next);
+      section = indexSection({text.data() + name, sign - name}, next);
     } else if (section != kNone) {
       entries_[section].value = static_cast<std::uint32_t>(next);
-      indexKey(line.substr(0, sign - at), line.substr(sign + 1 - at), section);
+      indexKey({text.data() + at, sign - at}, {text.data() + sign + 1, end - sign - 1}, section);
     }
     at = next;
   }
