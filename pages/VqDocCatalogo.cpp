@@ -2,8 +2,7 @@
 
 namespace orvane {
 
-VqDocCatalogo::VqDocCatalogo(Name section, TextView element)
-    : Component(section, element), Tipo(section) {}
+VqDocCatalogo::VqDocCatalogo(Name section, TextView element) : Component(section, element), Tipo(section) {}
 
 VqDocCatalogo::~VqDocCatalogo() = default;
 

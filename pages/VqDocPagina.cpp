@@ -15,37 +15,31 @@ class Header {
     file_->together(work);
   }
 
-  void write(Name section, Name key, bool value) {
+  void write(TextView section, TextView key, bool value) {
     access_.ScriviBooleano(*file_, section, key, value);
   }
-  void write(Name section, Name key, std::int32_t value) {
+  void write(TextView section, TextView key, std::int32_t value) {
     access_.ScriviNumero(*file_, section, key, value);
   }
-  void write(Name section, Name key, Currency value) {
+  void write(TextView section, TextView key, Currency value) {
     access_.ScriviNumero(*file_, section, key, toDouble(value));
   }
-  void write(Name section, Name key, const Text& value) {
+  void write(TextView section, TextView key, const Text& value) {
     access_.ScriviTesto(*file_, section, key, value);
   }
 
-  void read(Name section, Name key, bool& value) {
-    value = access_.LeggiBooleano(*file_, section, key);
-  }
+  void read(Name section, Name key, bool& value) { value = access_.LeggiBooleano(*file_, section, key); }
   void read(Name section, Name key, Currency& value) {
     value = toCurrency(access_.LeggiNumero(*file_, section, key));
   }
   void read(Name section, Name key, Text& value, TextView missing = {}) {
     value = access_.LeggiTesto(*file_, section, key, missing);
   }
-  std::int32_t readLong(Name section, Name key) {
-    return access_.LeggiIntero(*file_, section, key);
-  }
+  std::int32_t readLong(Name section, Name key) { return access_.LeggiIntero(*file_, section, key); }
   void read(Name section, Name key, std::int32_t& value) { value = readLong(section, key); }
   template <class Enum>
   requires std::is_enum_v<Enum>
-  void read(Name section, Name key, Enum& value) {
-    value = static_cast<Enum>(readLong(section, key));
-  }
+  void read(Name section, Name key, Enum& value) { value = static_cast<Enum>(readLong(section, key)); }
 
  private:
   ProfileAccess& access_ = Apartment::profileAccess();
