@@ -46,9 +46,9 @@ class Header {
   std::shared_ptr<JobFile> file_;
 };
 
-constexpr TextView kProperties = u"Proprieta", kLanguage = u"Lingua", kUserFile = u"FileUtente",
-                   kTextFile = u"FileTesto", kValidity = u"Validita", kName = u"Nome", kFolder = u"Percorso",
-                   kCode = u"Codice";
+constexpr Name kProperties = u"Proprieta", kLanguage = u"Lingua", kUserFile = u"FileUtente",
+               kTextFile = u"FileTesto", kValidity = u"Validita", kName = u"Nome", kFolder = u"Percorso",
+               kCode = u"Codice";
 
 }  // namespace
 
