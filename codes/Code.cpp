@@ -4,7 +4,6 @@
 
 #include "codes/VqDocResDll.h"
 #include "core/Error.h"
-#include "core/Numbers.h"
 
 namespace orvane {
 

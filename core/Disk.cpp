@@ -71,7 +71,8 @@ void DiskFile::settle() {
 DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, bool durable) {
   const std::int64_t modified = timeOfChange(old);
   try {
-    exchange(bytes, old, modified, durable);
+    writeTemporary(bytes, old, modified, durable);
+    exchange(durable);
   } catch (...) {
     removeTemporary();
     throw;

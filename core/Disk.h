@@ -70,7 +70,8 @@ class DiskFile {
   static std::string targetOf(std::string path);
   void settle();
   bool tryStamp(Stamp& stamp) const noexcept;
-  void exchange(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable);
+  void writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable);
+  void exchange(bool durable);
   void removeTemporary() const noexcept;
   void flushFolder() const;
   void keepPermissions(Stamp& now, const Stamp& old) const noexcept;

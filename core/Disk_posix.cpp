@@ -213,13 +213,13 @@ Stamp DiskFile::read(std::string& bytes) const {
   }
 }
 
-void DiskFile::exchange(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
+void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
   if (old.exists && (old.permissions & kWritable) == 0) raiseErrno(EACCES);
   Handle file(temporary_, kCreate, wantedMode(old));
   if (!file.isOpen() && errno == EEXIST) {
     // Its maker was killed: nobody else can be writing it while the lock is ours.
     if (::unlink(temporary_.c_str()) != 0) raiseLastSystemError();
-    return exchange(bytes, old, modified, durable);
+    return writeTemporary(bytes, old, modified, durable);
   }
   if (!file.isOpen()) raiseLastSystemError();
   if (old.exists) takeOver(file.get(), old, plain_);
@@ -227,12 +227,15 @@ void DiskFile::exchange(std::string_view bytes, const Stamp& old, std::int64_t m
   setModified(file, modified);
   if (durable) synchronise(file);
   file.close();
-  if (retryInterrupted([&] { return ::rename(temporary_.c_str(), path_.c_str()); }) != 0)
-    raiseLastSystemError();
 }
 
 void DiskFile::keepPermissions(Stamp& now, const Stamp& old) const noexcept {
   if (::chmod(path_.c_str(), old.permissions) == 0) tryStamp(now);
+}
+
+void DiskFile::exchange(bool) {
+  if (retryInterrupted([&] { return ::rename(temporary_.c_str(), path_.c_str()); }) != 0)
+    raiseLastSystemError();
 }
 
 void DiskFile::removeTemporary() const noexcept { ::unlink(temporary_.c_str()); }

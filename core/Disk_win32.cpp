@@ -3,10 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstring>
 #include <new>
-#include <vector>
 
 #include "core/Error.h"
 #include "core/Paths.h"
@@ -120,36 +117,10 @@ void writeAll(const Handle& file, std::string_view bytes) {
   }
 }
 
-// A client of a share may keep to itself what is written until the file is closed.
-bool isOnShare(const Handle& file) {
-  FILE_REMOTE_PROTOCOL_INFO protocol{};
-  return GetFileInformationByHandleEx(file.get(), FileRemoteProtocolInfo, &protocol, sizeof protocol) != 0;
-}
-
-// The name `to` leads to a file throughout; whoever has the old one open keeps it.
-bool renameOpenFile(const Handle& file, const std::wstring& to) {
-  const std::size_t length = to.size() * sizeof(wchar_t);
-  std::vector<std::byte> bytes(sizeof(FILE_RENAME_INFO) + length);
-  auto* const order = new (bytes.data()) FILE_RENAME_INFO{};
-  order->ReplaceIfExists = TRUE;
-  order->FileNameLength = static_cast<DWORD>(length);
-  std::memcpy(bytes.data() + offsetof(FILE_RENAME_INFO, FileName), to.data(), length);
-  return SetFileInformationByHandle(file.get(), FileRenameInfo, order, static_cast<DWORD>(bytes.size())) != 0;
-}
-
-// The same, closed before.
-bool renameClosedFile(const std::wstring& from, const std::wstring& to, bool durable) {
+// The name leads to a file throughout. Some systems refuse while somebody has the old one open.
+bool exchangeNames(const std::wstring& from, const std::wstring& to, bool durable) {
   const DWORD flags = MOVEFILE_REPLACE_EXISTING | (durable ? MOVEFILE_WRITE_THROUGH : 0);
   return MoveFileExW(from.c_str(), to.c_str(), flags) != 0;
-}
-
-template <class Rename>
-void untilDone(const std::wstring& to, Rename&& rename) {
-  for (Patience patience(kLongestHold); !rename();) {
-    const DWORD code = GetLastError();
-    if (isFolder(to)) raiseSystemError(ERROR_DIRECTORY);
-    if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
-  }
 }
 
 }  // namespace
@@ -220,33 +191,39 @@ Stamp DiskFile::read(std::string& bytes) const {
   }
 }
 
-void DiskFile::exchange(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
+void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
   if (old.permissions & FILE_ATTRIBUTE_READONLY) raiseSystemError(ERROR_ACCESS_DENIED);
-  const std::wstring from = widePath(temporary_), to = widePath(path_);
-  const DWORD through = durable ? FILE_FLAG_WRITE_THROUGH : 0;
   // A temporary left by a killed process is written anew: nobody else can be using it while the lock is ours.
-  Handle file(from, GENERIC_WRITE | DELETE, kShareAll, CREATE_ALWAYS,
-              FILE_ATTRIBUTE_NORMAL | old.permissions | through);
+  const std::wstring path = widePath(temporary_);
+  Handle file(path, GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL | old.permissions);
   if (!file.isOpen()) {
     const DWORD code = GetLastError();
     // One of other attributes must be gone first.
-    if (code == ERROR_ACCESS_DENIED && DeleteFileW(from.c_str()))
-      return exchange(bytes, old, modified, durable);
+    if (code == ERROR_ACCESS_DENIED && DeleteFileW(path.c_str()))
+      return writeTemporary(bytes, old, modified, durable);
     raiseSystemError(code);
   }
   writeAll(file, bytes);
   const FILETIME time = fileTime(modified);
   SetFileTime(file.get(), nullptr, nullptr, &time);
   if (durable && !FlushFileBuffers(file.get())) raiseLastSystemError();
-  if (!isOnShare(file)) return untilDone(to, [&] { return renameOpenFile(file, to); });
-  file.close();
-  untilDone(to, [&] { return renameClosedFile(from, to, durable); });
 }
 
 void DiskFile::keepPermissions(Stamp& now, const Stamp& old) const noexcept try {
   SetFileAttributesW(widePath(path_).c_str(), old.permissions ? old.permissions : FILE_ATTRIBUTE_NORMAL);
   tryStamp(now);
 } catch (const std::bad_alloc&) {
+}
+
+// The temporary is closed: a virus scanner that works then keeps no reader from the job file.
+void DiskFile::exchange(bool durable) {
+  const std::wstring from = widePath(temporary_);
+  const std::wstring to = widePath(path_);
+  for (Patience patience(kLongestHold); !exchangeNames(from, to, durable);) {
+    const DWORD code = GetLastError();
+    if (isFolder(to)) raiseSystemError(ERROR_DIRECTORY);
+    if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
+  }
 }
 
 void DiskFile::removeTemporary() const noexcept try {

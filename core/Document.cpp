@@ -23,7 +23,8 @@ void checkPresent(JobFile& file, TextView folder) {
   try {
     if (file.exists()) return;
   } catch (const Error&) {
-    if (fileSystem.fileExists(file.fullName())) throw;  // and not, say, a folder of that name
+    // Reading raises it again, unless it is, say, a folder of that name.
+    if (fileSystem.fileExists(file.fullName())) return;
   }
   checkBinding(false, folder);
   throw Error(ErrorNumber::FileNotFound);

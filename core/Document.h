@@ -71,13 +71,14 @@ class Document : public Fields, protected Owner {
 /// The checks that every binding begins with: error 445 where bound, 76 where the folder is empty or missing.
 void checkBinding(bool initialised, TextView folder);
 
-/// The job file to load, behind the checks of binding; error 53 where the name is empty.
+/// The checks of loading before the disk is looked at, and the job file to look at: error 445 where bound, 76
+/// where the folder is empty, 53 where the name is.
 std::shared_ptr<JobFile> fileToLoad(bool initialised, TextView folder, TextView fileName);
 
-/// Error 76 or 53 where the folder or the file is missing.
+/// The checks by that look: error 76 where the folder is missing, 53 where the file is.
 void checkPresent(JobFile& file, TextView folder);
 
-/// Does `work` with the job file to load, behind these checks, all on one look at the disk.
+/// Does `work` with the job file to load, behind all checks and on the same look at the disk.
 template <class Work>
 decltype(auto) loading(bool initialised, TextView folder, TextView fileName, Work&& work) {
   const auto file = fileToLoad(initialised, folder, fileName);

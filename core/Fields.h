@@ -225,7 +225,6 @@ class ReadOnly {
  private:
   friend Owner;
   ReadOnly() = default;
-  explicit ReadOnly(T value) : value_(std::move(value)) {}
   void operator=(T value) { value_ = std::move(value); }
 
   T value_{};

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::chrono::seconds kLongestWait{10};
 constexpr std::chrono::milliseconds kLongWait{100};
+constexpr std::chrono::milliseconds kLongLook{10};
 
 std::uint64_t placeOfNow() {
   using std::chrono::milliseconds;
@@ -72,13 +73,23 @@ bool LockFile::tryLock(std::uint32_t number) {
   open();
   if (!take(writerOf(number), 1)) return false;
   try {
-    if (isFree(queueOf(number), kPlaces)) return keepPresent(true);
+    if (nobodyQueues(number)) return keepPresent(true);
   } catch (...) {
     close();
     throw;
   }
   unlock(number);
   return false;
+}
+
+// Who comes to queue waits for those who have just looked, too: not long beside what he has waited.
+bool LockFile::nobodyQueues(std::uint32_t number) {
+  const auto now = std::chrono::steady_clock::now();
+  if (number == quiet_ && now < quietUntil_) return true;
+  const bool nobody = isFree(queueOf(number), kPlaces);
+  quiet_ = number;
+  quietUntil_ = nobody ? now + kLongLook : now;
+  return nobody;
 }
 
 bool LockFile::tryLockInTurn(std::uint32_t number, Place& place) {

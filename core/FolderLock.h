@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -52,6 +53,7 @@ class LockFile {
   bool take(std::uint64_t offset, std::uint64_t length);
   bool give(std::uint64_t offset, std::uint64_t length) noexcept;
   bool isFree(std::uint64_t offset, std::uint64_t length);
+  bool nobodyQueues(std::uint32_t number);
   bool isPresent() const;
   bool keepPresent(bool given);
 
@@ -61,6 +63,8 @@ class LockFile {
   std::intptr_t handle_ = kClosed;
   std::uint64_t device_ = 0;
   std::uint64_t inode_ = 0;
+  std::uint32_t quiet_ = 0;  // whose queue was seen empty, and until when that is taken to last
+  std::chrono::steady_clock::time_point quietUntil_{};
   unsigned forks_ = 0;  // how often the process had forked when the file was opened
 };
 

@@ -41,7 +41,7 @@ class JobFile {
   /// is missing. The view is valid until the next call.
   std::optional<TextView> read(Name section, Name key);
 
-  /// Whether the disk has the file; errors as for reading it.
+  /// Whether the disk has the file, inside `together` at the time of the snapshot; errors as for reading it.
   bool exists();
 
   /// Characters of the text that the last `read` looked at; less than 2^31.

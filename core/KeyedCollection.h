@@ -29,6 +29,9 @@ template <class Item>
 class KeyedCollection {
  public:
   using Pointer = std::shared_ptr<Item>;
+  KeyedCollection() = default;
+  KeyedCollection(const KeyedCollection&) = delete;
+  KeyedCollection& operator=(const KeyedCollection&) = delete;
 
   /// Error 457 where the key is taken; nothing is added then.
   void add(TextView key, Pointer item) {

@@ -7,15 +7,15 @@
 
 namespace orvane {
 
-/// A text with its hash, by which a job file finds it: for a literal both are the compiler's work. The text
-/// must outlive the name.
+/// A text with its hash, by which a job file finds it; for a literal the hash is the compiler's work. The
+/// text must outlive the name.
 class Name {
  public:
   constexpr Name() = default;
   template <std::size_t size>
-  consteval Name(const char16_t (&literal)[size]) : Name(TextView(literal, size - 1)) {}
-  constexpr Name(TextView text)
-      : text_(text.data()), length_(static_cast<std::uint32_t>(text.size())), hash_(hashOf(text)) {}
+  consteval Name(const char16_t (&literal)[size])
+      : text_(literal), length_(size - 1), hash_(hashOf({literal, size - 1})) {}
+  Name(TextView text);
   Name(const Text& text) : Name(TextView(text)) {}
 
   constexpr operator TextView() const { return {text_, length_}; }

@@ -14,7 +14,7 @@ std::shared_ptr<JobFile> ProfileAccess::open(const Text& fullName) {
   entry = file;
   if (files_.size() > sweepAt_) {
     std::erase_if(files_, [](const auto& item) { return item.second.expired(); });
-    sweepAt_ = std::max<std::size_t>(64, 2 * files_.size());
+    sweepAt_ = std::max(kLeastSweep, 2 * files_.size());
   }
   return file;
 }

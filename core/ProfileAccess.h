@@ -54,7 +54,9 @@ class ProfileAccess {
 
  private:
   std::unordered_map<Text, std::weak_ptr<JobFile>> files_;
-  std::size_t sweepAt_ = 64;  // the table of names is cleared of released files when it grows past this
+  // The table of names is cleared of released files when it grows past this.
+  static constexpr std::size_t kLeastSweep = 16;
+  std::size_t sweepAt_ = kLeastSweep;
   bool flushEveryWrite_ = false;
 };
 

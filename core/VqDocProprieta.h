@@ -19,6 +19,9 @@ class VqDocProprieta : public Component, private Owner {
   class Identity {
    public:
     using Value = Text;
+    Identity() = default;
+    Identity(const Identity&) = delete;
+    Identity& operator=(const Identity&) = delete;
     const Text& get() const;
     operator const Text&() const { return get(); }
     friend bool operator==(const Identity& a, const Text& b) { return a.get() == b; }

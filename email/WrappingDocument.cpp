@@ -1,8 +1,6 @@
 #include "email/WrappingDocument.h"
 
 #include "core/Error.h"
-#include "core/Numbers.h"
-#include "core/Paths.h"
 
 namespace orvane {
 

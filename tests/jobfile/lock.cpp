@@ -78,6 +78,7 @@ TEST_F(JobFileLock, AWriteWaitsForAnotherHolder) {
 TEST_F(JobFileLock, AWriteWaitsForWhoeverQueuesBeforeIt) {
   JobFile file(published());
   file.write(u"A", u"k", u"1");
+  std::this_thread::sleep_for(20ms);  // what it has seen of the queue counts for 10
   const Outsider other(folder_, kNumber, Outsider::kFirstPlace);
   ASSERT_TRUE(other.lock());
   expectToWaitFor(
@@ -91,6 +92,20 @@ TEST_F(JobFileLock, ANewcomerWaitsForThoseWhoQueue) {
   EXPECT_FALSE(file.tryLock(kNumber));
   other.unlock();
   EXPECT_TRUE(file.tryLock(kNumber));
+}
+
+TEST_F(JobFileLock, OneThatNeverRestsSoonSeesWhoQueues) {
+  LockFile file(folder_ + "/");
+  ASSERT_TRUE(file.tryLock(kNumber));
+  file.unlock(kNumber);
+  const Outsider other(folder_, kNumber, Outsider::kLastPlace);
+  ASSERT_TRUE(other.lock());
+  const auto begin = std::chrono::steady_clock::now();
+  while (file.tryLock(kNumber)) {
+    file.unlock(kNumber);
+    ASSERT_LT(std::chrono::steady_clock::now() - begin, 5s);
+  }
+  EXPECT_FALSE(file.tryLock(kNumber));
 }
 
 TEST_F(JobFileLock, TheQueueIsInTheOrderOfPlaces) {

@@ -89,15 +89,10 @@ INSTANTIATE_TEST_SUITE_P(Of, Moments,
                                          ERROR_DELETE_PENDING),
                          [](const auto& row) { return "Error" + std::to_string(row.param); });
 
-BOOL WINAPI tellOfAShare(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, void* out, DWORD size) {
-  static const auto real = ofSystem<decltype(GetFileInformationByHandleEx)>("GetFileInformationByHandleEx");
-  return what == FileRemoteProtocolInfo || real(file, what, out, size);
-}
-
 int renamesOfClosedFiles = 0;
 
 // Opens the file as nobody can while another has it open to write.
-BOOL WINAPI renameOnShare(LPCWSTR from, LPCWSTR to, DWORD flags) {
+BOOL WINAPI renameAlone(LPCWSTR from, LPCWSTR to, DWORD flags) {
   static const auto real = ofSystem<decltype(MoveFileExW)>("MoveFileExW");
   const HANDLE file = CreateFileW(from, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
   if (file == INVALID_HANDLE_VALUE) return FALSE;
@@ -106,12 +101,11 @@ BOOL WINAPI renameOnShare(LPCWSTR from, LPCWSTR to, DWORD flags) {
   return real(from, to, flags);
 }
 
-using Shares = JobFolder;
+using Replaces = JobFolder;
 
-// Their client may keep back what is written, and must not tell the server of the new name first.
-TEST_F(Shares, AreToldOfTheNewNameOnceTheFileIsClosed) {
-  const Import tell(GetModuleHandleW(nullptr), "GetFileInformationByHandleEx", tellOfAShare);
-  const Import rename(GetModuleHandleW(nullptr), "MoveFileExW", renameOnShare);
+// A client of a share may keep back what is written until then, and a virus scanner may begin its work.
+TEST_F(Replaces, ComeAfterTheTemporaryIsClosed) {
+  const Import rename(GetModuleHandleW(nullptr), "MoveFileExW", renameAlone);
   orvane::JobFile file(published());
   file.write(u"A", u"k", u"1");
   file.write(u"A", u"k", u"2");

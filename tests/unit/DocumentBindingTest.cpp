@@ -152,6 +152,15 @@ TYPED_TEST(DocumentBindingTest, ErrorInLoadingLeavesTheDocumentHalfBound) {
   EXPECT_EQ(this->job(u"job.ini").value(u"Proprieta", u"Utente"), u"AB");
 }
 
+// A file that no reading can make anything of: too large.
+TYPED_TEST(DocumentBindingTest, ErrorInReadingLeavesTheDocumentHalfBound) {
+  this->folder.write(u"job.ini", "");
+  std::filesystem::resize_file(this->folder.native(u"job.ini"), 0x80000000);
+  EXPECT_EQ(errorOf([&] { this->document.Carica(this->folder.path(), u"job.ini"); }), 7);
+  EXPECT_FALSE(this->document.Inizializzato.get());
+  EXPECT_EQ(this->document.Proprieta.FileIntestazione.Nome, u"job.ini");
+}
+
 TYPED_TEST(DocumentBindingTest, HalfBoundDocumentCanBeLoadedAgain) {
   errorOf([&] { this->load(u"[Orientamento]\nCodice=3000000000\n"); });
   this->load(u"[Orientamento]\nCodice=1\n");

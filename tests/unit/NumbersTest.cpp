@@ -103,6 +103,16 @@ class ParseNumber : public testing::TestWithParam<Parsing> {};
 
 TEST_P(ParseNumber, ReadsAWholeTextOrNothing) { EXPECT_EQ(parseNumber(GetParam().text), GetParam().number); }
 
+TEST(ParseLong, ReachesTheEdges) {
+  for (const double number :
+       {999999999.0, 1000000000.0, 2147483647.0, 2147483647.4, -2147483648.0, 2.5, 3.5, -0.0}) {
+    EXPECT_EQ(parseLong(numberText(number)), roundToLong(number)) << number;
+  }
+  for (const double number : {2147483647.5, 2147483648.0, -2147483649.0, 9999999999.0}) {
+    EXPECT_EQ(errorOf([&] { parseLong(numberText(number)); }), 6) << number;
+  }
+}
+
 TEST_P(ParseNumber, IsRoundedToALong) {
   const auto [text, number] = std::pair(GetParam().text, GetParam().number);
   const int expected = number ? errorOf([&] { roundToLong(*number); }) : 0;
