@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "core/Error.h"
 #include "core/Paths.h"
@@ -77,6 +78,7 @@ class Handle {
  public:
   Handle(const std::wstring& path, DWORD access, DWORD share, DWORD how, DWORD flags = FILE_ATTRIBUTE_NORMAL)
       : file_(CreateFileW(path.c_str(), access, share, nullptr, how, flags, nullptr)) {}
+  Handle(Handle&& other) noexcept : file_(std::exchange(other.file_, INVALID_HANDLE_VALUE)) {}
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
   ~Handle() { close(); }
@@ -105,6 +107,19 @@ void readAll(const Handle& file, std::string& bytes) {
   if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr))
     raiseLastSystemError();
   bytes.resize(got);
+}
+
+// A temporary left by a killed process is written anew: nobody else uses it while the lock is ours, but its
+// maker may still be dying, or a virus scanner be at work on it.
+Handle makeAnew(const std::wstring& path, DWORD attributes) {
+  for (Patience patience(kLongestHold);;) {
+    Handle file(path, GENERIC_WRITE, 0, CREATE_ALWAYS, attributes);
+    if (file.isOpen()) return file;
+    const DWORD code = GetLastError();
+    const bool denied = code == ERROR_ACCESS_DENIED;
+    if (denied && DeleteFileW(path.c_str())) continue;  // it was hidden
+    if (denied || !isHeld(code) || !patience.wait()) raiseSystemError(code);
+  }
 }
 
 void writeAll(const Handle& file, std::string_view bytes) {
@@ -193,16 +208,7 @@ Stamp DiskFile::read(std::string& bytes) const {
 
 void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
   if (old.permissions & FILE_ATTRIBUTE_READONLY) raiseSystemError(ERROR_ACCESS_DENIED);
-  // A temporary left by a killed process is written anew: nobody else can be using it while the lock is ours.
-  const std::wstring path = widePath(temporary_);
-  Handle file(path, GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL | old.permissions);
-  if (!file.isOpen()) {
-    const DWORD code = GetLastError();
-    // One of other attributes must be gone first.
-    if (code == ERROR_ACCESS_DENIED && DeleteFileW(path.c_str()))
-      return writeTemporary(bytes, old, modified, durable);
-    raiseSystemError(code);
-  }
+  const Handle file = makeAnew(widePath(temporary_), FILE_ATTRIBUTE_NORMAL | old.permissions);
   writeAll(file, bytes);
   const FILETIME time = fileTime(modified);
   SetFileTime(file.get(), nullptr, nullptr, &time);

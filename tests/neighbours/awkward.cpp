@@ -1,5 +1,6 @@
 // What Windows makes of names and moments.
 #include <limits>
+#include <thread>
 
 #include "tests/automation/Imports.h"
 #include "tests/neighbours/JobFolder_win32.h"
@@ -127,17 +128,35 @@ HANDLE WINAPI openUnlessHidden(LPCWSTR path, DWORD access, DWORD share, SECURITY
   return real(path, access, share, security, how, flags, pattern);
 }
 
-using Leftovers = JobFolder;
+// What a writer that was killed leaves.
+class Leftovers : public JobFolder {
+ protected:
+  HANDLE leave(DWORD attributes) const {
+    wchar_t name[32];
+    std::swprintf(name, std::size(name), L".orvane-%08x.tmp", orvane::lockNumberOf(u"job.vqs"));
+    return CreateFileW(path(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr);
+  }
+  void expectToWrite() const {
+    orvane::JobFile(published()).write(u"A", u"k", u"1");
+    EXPECT_EQ(valueOf(u"A", u"k"), u"1");
+    EXPECT_EQ(names(), std::set<std::wstring>{L"job.vqs"});
+  }
+};
 
 TEST_F(Leftovers, OfAHiddenJobFileAreInNobodysWay) {
   const Import open(GetModuleHandleW(nullptr), "CreateFileW", openUnlessHidden);
-  wchar_t name[32];
-  std::swprintf(name, std::size(name), L".orvane-%08x.tmp", orvane::lockNumberOf(u"job.vqs"));
-  CloseHandle(
-      CreateFileW(path(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_HIDDEN, nullptr));
-  orvane::JobFile(published()).write(u"A", u"k", u"1");
-  EXPECT_EQ(valueOf(u"A", u"k"), u"1");
-  EXPECT_EQ(names(), std::set<std::wstring>{L"job.vqs"});
+  CloseHandle(leave(FILE_ATTRIBUTE_HIDDEN));
+  expectToWrite();
+}
+
+TEST_F(Leftovers, OfAWriterThatIsStillDyingAreWaitedFor) {
+  const HANDLE left = leave(FILE_ATTRIBUTE_NORMAL);
+  std::thread death([&] {
+    Sleep(200);
+    CloseHandle(left);
+  });
+  expectToWrite();
+  death.join();
 }
 
 using Names = JobFolder;
