@@ -35,6 +35,8 @@ FILETIME fileTime(std::int64_t nanoseconds) {
   return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
 }
 
+FILETIME fileTime(const LARGE_INTEGER& units) { return {units.LowPart, static_cast<DWORD>(units.HighPart)}; }
+
 std::uint64_t joined(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
 
 // The clock of 100 ns, where the system has it.
@@ -92,13 +94,20 @@ class Handle {
   }
 
   Stamp stamp() const {
-    BY_HANDLE_FILE_INFORMATION state{};
-    if (!GetFileInformationByHandle(file_, &state)) raiseLastSystemError();
-    return makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
-                     state.ftCreationTime, state.ftLastWriteTime);
+    FILE_BASIC_INFO basic{};
+    FILE_STANDARD_INFO standard{};
+    tell(FileBasicInfo, basic);
+    tell(FileStandardInfo, standard);
+    return makeStamp(basic.FileAttributes, static_cast<std::uint64_t>(standard.EndOfFile.QuadPart),
+                     fileTime(basic.CreationTime), fileTime(basic.LastWriteTime));
   }
 
  private:
+  template <class Info>
+  void tell(FILE_INFO_BY_HANDLE_CLASS what, Info& info) const {
+    if (!GetFileInformationByHandleEx(file_, what, &info, sizeof info)) raiseLastSystemError();
+  }
+
   HANDLE file_;
 };
 
