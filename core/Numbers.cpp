@@ -53,12 +53,7 @@ bool isTiny(std::string_view digits) {
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
-TextView trimmed(TextView text) {
-  const auto isBlank = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
+bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t'; }
 
 // `digits` hold a number without blanks or a leading plus. The standard conversion would also take words such
 // as "inf" and a second sign.
@@ -73,6 +68,14 @@ std::optional<double> parseAny(std::string_view digits, bool negative) {
   if (result.ec != std::errc::result_out_of_range) return number;
   const double infinity = std::numeric_limits<double>::infinity();
   return isTiny(digits) ? 0 : negative ? -infinity : infinity;
+}
+
+// Any number, if mostly one that is not short and whole.
+std::optional<double> parseLonger(TextView text) {
+  const Narrow narrow(trimmed(text, isBlank));
+  const std::string_view digits = narrow.digits();
+  return digits.starts_with('+') ? parseAny(digits.substr(1), false)
+                                 : parseAny(digits, digits.starts_with('-'));
 }
 
 Text displayText(double number, TextView separator, int digits) {
@@ -121,14 +124,11 @@ Text numberText(double number) {
 
 std::optional<double> parseNumber(TextView text) {
   if (const auto whole = detail::parseShortWhole(text)) return *whole;
-  const Narrow narrow(trimmed(text));
-  const std::string_view digits = narrow.digits();
-  return digits.starts_with('+') ? parseAny(digits.substr(1), false)
-                                 : parseAny(digits, digits.starts_with('-'));
+  return parseLonger(text);
 }
 
 std::optional<std::int32_t> detail::parseLongerLong(TextView text) {
-  const auto number = parseNumber(text);
+  const auto number = parseLonger(text);
   if (!number) return std::nullopt;
   return roundToLong(*number);
 }

@@ -24,6 +24,9 @@ Text numberText(double number);
 /// spells none. A number beyond the largest double reads as infinity.
 std::optional<double> parseNumber(TextView text);
 
+/// The same where `separator` too may stand for the point.
+std::optional<double> parseNumber(TextView text, TextView separator);
+
 namespace detail {
 
 /// Most stored numbers are whole and short. Nothing for any other.
@@ -44,14 +47,11 @@ std::optional<std::int32_t> parseLongerLong(TextView text);
 
 }  // namespace detail
 
-/// That number rounded as `roundToLong` does it, and the same error.
+/// The number that `parseNumber` finds, rounded as `roundToLong` does it, and the same error.
 inline std::optional<std::int32_t> parseLong(TextView text) {
   const auto whole = detail::parseShortWhole(text);
   return whole ? whole : detail::parseLongerLong(text);
 }
-
-/// The same where `separator` too may stand for the point.
-std::optional<double> parseNumber(TextView text, TextView separator);
 
 /// Decimal digits, with a leading minus for a negative value.
 Text decimalText(std::int64_t number);

@@ -12,11 +12,7 @@ constexpr bool isProfileBlank(char16_t unit) {
 }
 
 /// `text` without outer blanks.
-inline TextView withoutOuterBlanks(TextView text) {
-  while (!text.empty() && isProfileBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isProfileBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
+inline TextView withoutOuterBlanks(TextView text) { return trimmed(text, isProfileBlank); }
 
 /// True where a text can stand between the brackets of a section line, or before the equals sign of a key
 /// line, and be found again: not empty, no control characters, no outer blanks, no leading `;` or `[`, no `]`

@@ -32,6 +32,14 @@ constexpr char16_t foldCase(char16_t unit) {
   return ascii || latin1 ? static_cast<char16_t>(unit + 0x20) : unit;
 }
 
+/// `text` without the units at its ends that `isBlank`.
+template <class IsBlank>
+constexpr TextView trimmed(TextView text, IsBlank isBlank) {
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
 /// True where both texts are equal but for the case of ASCII and Latin-1 letters.
 bool equalIgnoringCase(TextView a, TextView b);
 
