@@ -238,7 +238,7 @@ class ComputedElement;
 template <class Owner, Text (Owner::*function)() const>
 class ComputedElement<function> : public Property {
  public:
-  ComputedElement(Owner& owner, TextView element) : Property(owner, element, Kept::Xml), owner_(owner) {}
+  ComputedElement(Owner& owner, Name element) : Property(owner, element, Kept::Xml), owner_(owner) {}
 
  private:
   void render(XmlWriter& xml) const override { xml.element(name(), (owner_.*function)()); }
