@@ -96,8 +96,7 @@ void ProfileText::index() {
   constexpr std::size_t kShortLine = 16;  // so that the table need not grow for most files
   entries_.clear();
   entries_.reserve(text_.size() / kShortLine);
-  table_.resize(std::max(kSmallestTable, std::bit_ceil(text_.size() / (kShortLine / 2))));
-  std::fill(table_.begin(), table_.end(), kNone);
+  table_.assign(std::max(kSmallestTable, std::bit_ceil(text_.size() / (kShortLine / 2))), kNone);
   lastSection_ = kNone;
   std::uint32_t section = kNone;
   const TextView text = text_;
@@ -112,7 +111,7 @@ void ProfileText::index() {
     } else if (name > at) {
       section = indexSection({text.data() + name, sign - name}, next);
     } else if (section != kNone) {
-      entries_[section].value = static_cast<std::uint32_t>(next);
+      endSection(section, next);
       indexKey({text.data() + at, sign - at}, {text.data() + sign + 1, end - sign - 1}, section);
     }
     at = next;
@@ -126,7 +125,7 @@ void ProfileText::indexLine(TextView line, std::size_t next, std::uint32_t& sect
     return;
   }
   if (section == kNone) return;
-  entries_[section].value = static_cast<std::uint32_t>(next);
+  endSection(section, next);
   const std::size_t sign = line.find(u'=');
   if (sign == TextView::npos) return;
   const TextView key = withoutOuterBlanks(line.substr(0, sign));

@@ -63,6 +63,9 @@ class ProfileText {
   void endLastLine();
   std::uint32_t appendSection(Name name);
   void insertKey(std::uint32_t section, Name key, TextView value);
+  void endSection(std::uint32_t section, std::size_t next) {  // whose next key goes to `next`
+    entries_[section].value = static_cast<std::uint32_t>(next);
+  }
   void splice(std::size_t at, std::size_t removed, TextView inserted);
   std::uint32_t placeOf(TextView part) const {
     return static_cast<std::uint32_t>(part.data() - text_.data());
