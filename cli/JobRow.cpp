@@ -130,7 +130,8 @@ std::optional<double> JobReader::numberAt(Name section, Name key) {
 }
 
 std::int32_t JobReader::codeAt(Name section, Name key) {
-  return roundToLong(numberAt(section, key).value_or(0));
+  const auto stored = text_.find(section, key);
+  return stored ? parseLong(plainValue(*stored, room_)).value_or(0) : 0;
 }
 
 const std::string& JobReader::describeCode(const CodeNames& names, std::int32_t code) {
