@@ -15,7 +15,7 @@ std::shared_ptr<JobFile> fileToLoad(bool initialised, TextView folder, TextView 
   const bool shows = !fileName.empty() && fileName.find_first_of(u"\\/") == TextView::npos;
   if (!shows || initialised || folder.empty()) checkBinding(initialised, folder);
   if (fileName.empty()) throw Error(ErrorNumber::FileNotFound);
-  return Apartment::profileAccess().open(joinPath(folder, fileName));
+  return Apartment::profileAccess().probe(joinPath(folder, fileName));
 }
 
 void checkPresent(JobFile& file, TextView folder) {

@@ -84,6 +84,7 @@ decltype(auto) loading(bool initialised, TextView folder, TextView fileName, Wor
   const auto file = fileToLoad(initialised, folder, fileName);
   return file->together([&] {
     checkPresent(*file, folder);
+    Apartment::profileAccess().keep(file);
     return work(file);
   });
 }

@@ -7,15 +7,31 @@
 namespace orvane {
 
 std::shared_ptr<JobFile> ProfileAccess::open(const Text& fullName) {
-  auto& entry = files_[fullName];
-  if (auto file = entry.lock()) return file;
+  auto file = find(fullName);
+  if (!file) keep(file = make(fullName));
+  return file;
+}
+
+std::shared_ptr<JobFile> ProfileAccess::probe(const Text& fullName) const {
+  const auto file = find(fullName);
+  return file ? file : make(fullName);
+}
+
+void ProfileAccess::keep(const std::shared_ptr<JobFile>& file) {
+  files_[file->fullName()] = file;
+  if (files_.size() <= sweepAt_) return;
+  std::erase_if(files_, [](const auto& item) { return item.second.expired(); });
+  sweepAt_ = std::max<std::size_t>(64, 2 * files_.size());
+}
+
+std::shared_ptr<JobFile> ProfileAccess::find(const Text& fullName) const {
+  const auto known = files_.find(fullName);
+  return known == files_.end() ? nullptr : known->second.lock();
+}
+
+std::shared_ptr<JobFile> ProfileAccess::make(const Text& fullName) const {
   auto file = std::make_shared<JobFile>(fullName);
   file->flushEveryWrite(flushEveryWrite_);
-  entry = file;
-  if (files_.size() > sweepAt_) {
-    std::erase_if(files_, [](const auto& item) { return item.second.expired(); });
-    sweepAt_ = std::max(kLeastSweep, 2 * files_.size());
-  }
   return file;
 }
 

@@ -20,6 +20,11 @@ class ProfileAccess {
   /// it.
   std::shared_ptr<JobFile> open(const Text& fullName);
 
+  /// The same for a file that may not be there: where nobody holds it, a new one that `open` does not know
+  /// before `keep`.
+  std::shared_ptr<JobFile> probe(const Text& fullName) const;
+  void keep(const std::shared_ptr<JobFile>& file);
+
   /// The file without a name, which every component has until it is bound.
   static const std::shared_ptr<JobFile>& noFile();
 
@@ -53,10 +58,11 @@ class ProfileAccess {
   void flushEveryWrite(bool on);
 
  private:
+  std::shared_ptr<JobFile> find(const Text& fullName) const;
+  std::shared_ptr<JobFile> make(const Text& fullName) const;
+
   std::unordered_map<Text, std::weak_ptr<JobFile>> files_;
-  // The table of names is cleared of released files when it grows past this.
-  static constexpr std::size_t kLeastSweep = 16;
-  std::size_t sweepAt_ = kLeastSweep;
+  std::size_t sweepAt_ = 64;  // the table of names is cleared of released files when it grows past this
   bool flushEveryWrite_ = false;
 };
 

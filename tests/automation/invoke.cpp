@@ -21,7 +21,7 @@ using namespace client;
 constexpr int kCallsOfAWorld = 400;
 constexpr std::size_t kMostObjects = 40;
 constexpr std::size_t kLasting = 7;    // the factory, and a document of each kind
-constexpr long kMostBlocksKept = 200;  // by a thread without objects: names of files that it has used
+constexpr long kMostBlocksKept = 100;  // by a thread without objects
 constexpr unsigned char kPoison = 0xCC;
 
 // Where a crash happened.
