@@ -75,6 +75,11 @@ Stamp makeStamp(DWORD attributes, std::uint64_t size, const FILETIME& created, c
   return stamp;
 }
 
+Stamp stampOf(const WIN32_FILE_ATTRIBUTE_DATA& state) {
+  return makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
+                   state.ftCreationTime, state.ftLastWriteTime);
+}
+
 // An open file, closed in the end.
 class Handle {
  public:
@@ -169,8 +174,7 @@ bool DiskFile::tryStamp(Stamp& stamp) const noexcept {
   WIN32_FILE_ATTRIBUTE_DATA state{};
   try {
     if (!GetFileAttributesExW(widePath(path_).c_str(), GetFileExInfoStandard, &state)) return false;
-    stamp = makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
-                      state.ftCreationTime, state.ftLastWriteTime);
+    stamp = stampOf(state);
     return true;
   } catch (...) {
     return false;
@@ -185,8 +189,7 @@ Stamp DiskFile::stamp() const {
     if (isMissing(code)) return {};
     if (!isHeld(code) || !patience.wait()) raiseSystemError(code);
   }
-  return makeStamp(state.dwFileAttributes, joined(state.nFileSizeHigh, state.nFileSizeLow),
-                   state.ftCreationTime, state.ftLastWriteTime);
+  return stampOf(state);
 }
 
 Stamp DiskFile::read(std::string& bytes) const {
