@@ -141,6 +141,19 @@ TEST_F(VqDocAllegatiTest, StoredFileListedTwiceFailsTheLoad) {
   EXPECT_EQ(errorOf([&] { loadFrom(list, u"[Allegati]\nNumeroAllegati=2\nNome0=uno\nNome1=uno\n"); }), 457);
 }
 
+TEST_F(VqDocAllegatiTest, ListThatFailedToLoadCanBeLoadedAgain) {
+  errorOf([&] { loadFrom(list, u"[Allegati]\nNumeroAllegati=2\nNome0=uno\nNome1=uno\n"); });
+  loadFrom(list, u"[Allegati]\nNumeroAllegati=2\nNome0=uno\nNome1=due\n");
+  EXPECT_EQ(list.Count(), 2);
+  EXPECT_EQ(nameAt(1), u"due");
+}
+
+TEST_F(VqDocAllegatiTest, LoadedListTakesThePlaceOfWhatWasAttachedBefore) {
+  addTwo();
+  loadFrom(list, u"[Allegati]\nNumeroAllegati=1\nPercorso0=C:\\A\nNome0=uno.txt\n");
+  EXPECT_EQ(list.Count(), 1);
+}
+
 TEST_F(VqDocAllegatiTest, JobFileWithoutTheSectionLoadsEmpty) {
   loadFrom(list, u"[Altro]\n");
   EXPECT_EQ(list.Count(), 0);
