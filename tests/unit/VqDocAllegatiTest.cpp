@@ -137,6 +137,13 @@ TEST_F(VqDocAllegatiTest, KeysOfRemovedFilesStayPastTheNumber) {
             u"Percorso0=C:\\B\nNome0=due.txt\nPercorso1=C:\\B\nNome1=due.txt\n");
 }
 
+TEST_F(VqDocAllegatiTest, SalvaBeforeBindingWritesNowhere) {
+  VqDocAllegati unbound;
+  unbound.Add(u"C:\\A", u"uno.txt");
+  unbound.Salva();
+  EXPECT_TRUE(folder.files().empty());
+}
+
 TEST_F(VqDocAllegatiTest, StoredListIsReadUpToItsNumber) {
   loadFrom(list,
            u"[Allegati]\nPdfPercorso=C:\\P\nPdfNome=d.pdf\nNumeroAllegati=1\nPercorso0=C:\\A\nNome0=uno\n"
