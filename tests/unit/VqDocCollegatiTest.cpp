@@ -196,6 +196,14 @@ TYPED_TEST(VqDocCollegatiTest, ListedFileThatIsGoneIsSkipped) {
   EXPECT_EQ(again->Collegati.Item(0)->Proprieta.Id.get(), u"b");
 }
 
+// A long folder is cut in reading, here within a character of two units.
+TYPED_TEST(VqDocCollegatiTest, ListedTextThatNamesNoFileIsSkipped) {
+  this->add({u"a"});
+  this->links.Item(0)->Proprieta.FileIntestazione.Percorso = Text(254, u'x') + u"\U0001F4C4";
+  this->links.Salva();
+  EXPECT_EQ(this->reloaded()->Collegati.Count(), 0);
+}
+
 TYPED_TEST(VqDocCollegatiTest, DocumentDeletedSinceIsDroppedOnLoadWhereTheKindDoesSo) {
   this->add({u"a"});
   this->links.Salva();

@@ -125,6 +125,13 @@ TYPED_TEST(WrappingDocumentTest, LoadingOfAFileEmptyOrMissingRaises53) {
   EXPECT_EQ(errorOf([&] { this->wrapping.Carica(this->folder.path(), u"manca"); }), 53);
 }
 
+TYPED_TEST(WrappingDocumentTest, TextsThatNameNoFileAreMissingFoldersAndFiles) {
+  const Text none(u"a\0b", 3);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Inizializza(u"55", vdt_Fax, none); }), 76);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Carica(none, u"a"); }), 76);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Carica(this->folder.path(), none); }), 53);
+}
+
 TYPED_TEST(WrappingDocumentTest, BindingOfTheUnknownKindRaises445) {
   EXPECT_EQ(errorOf([&] { this->bindAs(0); }), 445);
   EXPECT_FALSE(this->wrapping.Inizializzato.get());
