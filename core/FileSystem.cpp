@@ -20,16 +20,25 @@ fs::path pathOf(TextView published) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
+PathKind kindOfNamed(TextView published) {
+  try {
+    return kindOf(nativePath(published));
+  } catch (const Error& error) {
+    if (error.number() != static_cast<int>(ErrorNumber::BadFileName)) throw;
+    return PathKind::Nothing;
+  }
+}
+
 [[noreturn]] void raise(const std::error_code& failure) { throw Error(errorNumberOf(failure)); }
 
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
-    return !folder.empty() && kindOf(nativePath(folder)) == PathKind::Folder;
+    return !folder.empty() && kindOfNamed(folder) == PathKind::Folder;
   }
 
   bool fileExists(TextView file) const override {
-    return !file.empty() && kindOf(nativePath(file)) == PathKind::File;
+    return !file.empty() && kindOfNamed(file) == PathKind::File;
   }
 
   void copyFile(TextView from, TextView to) const override {

@@ -118,6 +118,13 @@ TYPED_TEST(DocumentBindingTest, LoadingOfAFileEmptyOrMissingRaises53) {
   EXPECT_FALSE(this->document.Inizializzato.get());
 }
 
+TYPED_TEST(DocumentBindingTest, TextsThatNameNoFileAreMissingFoldersAndFiles) {
+  const Text none(u"a\0b", 3);
+  EXPECT_EQ(errorOf([&] { this->document.Inizializza(u"123", none); }), 76);
+  EXPECT_EQ(errorOf([&] { this->document.Carica(none, u"a.vqs"); }), 76);
+  EXPECT_EQ(errorOf([&] { this->document.Carica(this->folder.path(), none); }), 53);
+}
+
 TYPED_TEST(DocumentBindingTest, RefusedDocumentCanStillBeBound) {
   errorOf([&] { this->document.Inizializza(u"123", u""); });
   EXPECT_EQ(errorOf([&] { this->bindDocument(); }), 0);
