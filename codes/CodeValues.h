@@ -133,7 +133,8 @@ class PageWidth : public Code<enmVqDocFaxTrasmissionePageWidth> {
   enmVqDocFaxTrasmissionePageWidth get() const { return writeThrough(), Code::get(); }
   operator enmVqDocFaxTrasmissionePageWidth() const { return get(); }
   PageWidth& operator=(std::int32_t code) { return keep(code), *this; }
-  PageWidth& operator=(const PageWidth& other) { return *this = other.number(); }
+  PageWidth& operator=(const PageWidth& other) { return *this = other.get(); }
+  friend bool operator==(const PageWidth& a, enmVqDocFaxTrasmissionePageWidth b) { return a.get() == b; }
 };
 
 /// Width and length of a fax page.

@@ -79,6 +79,22 @@ TEST_F(FaxPage, WritesTheWidthAtEveryReading) {
   EXPECT_EQ(job().value(u"FaxTrasmissione_Pagina", u"CodiceLarghezza"), u"1");
 }
 
+TEST_F(FaxPage, WritesTheWidthWhenItIsCompared) {
+  bind(pagina);
+  pagina.CodiceWidth = vdftpw_2048;
+  EXPECT_TRUE(pagina.CodiceWidth == vdftpw_2048);
+  EXPECT_EQ(job().value(u"FaxTrasmissione_Pagina", u"CodiceLarghezza"), u"3");
+}
+
+TEST_F(FaxPage, WritesTheWidthWhenAnotherTakesIt) {
+  bind(pagina);
+  pagina.CodiceWidth = vdftpw_2048;
+  VqDocFaxPagina other;
+  other.CodiceWidth = pagina.CodiceWidth;
+  EXPECT_EQ(other.CodiceWidth.number(), vdftpw_2048);
+  EXPECT_EQ(job().value(u"FaxTrasmissione_Pagina", u"CodiceLarghezza"), u"3");
+}
+
 TEST_F(FaxPage, WritesNothingWhenTheWidthIsDescribedOrRendered) {
   bind(pagina);
   pagina.CodiceWidth = vdftpw_864;
