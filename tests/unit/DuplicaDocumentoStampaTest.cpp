@@ -37,6 +37,22 @@ TEST_F(DuplicaDocumentoStampaTest, CopiesThePrintOptions) {
   EXPECT_EQ(to->LayoutPagina.Ingrandibile.get(), true);
 }
 
+TEST_F(DuplicaDocumentoStampaTest, HoldsCopiesThatWereLoadedToOne) {
+  writeJobFile(folder.file(u"a.vqs"), u"[Stampa]\nCopie=-3\n[Collegati]\nCopie=0\n");
+  const auto loaded = factory.NuovoDocumentoStampa();
+  loaded->Carica(folder.path(), u"a.vqs");
+  factory.DuplicaDocumentoStampa(loaded, to);
+  EXPECT_EQ(to->Copie.get(), 1);
+  EXPECT_EQ(copy().value(u"Stampa", u"Copie"), u"1");
+  EXPECT_EQ(copy().value(u"Collegati", u"Copie"), u"1");
+}
+
+TEST_F(DuplicaDocumentoStampaTest, TakesNoBodyUnderANameThatNoFileCanHave) {
+  from->Proprieta.FileCorpo = {folder.path(), Text(u"a\0b", 3)};
+  duplicate();
+  EXPECT_EQ(to->Proprieta.FileCorpo.Nome, u"");
+}
+
 TEST_F(DuplicaDocumentoStampaTest, CopiesTheCodesOfThePrintOptions) {
   duplicate();
   EXPECT_EQ(to->Alimentazione.Codice.get(), vda_CassettoCollegato);

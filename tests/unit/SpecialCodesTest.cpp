@@ -95,6 +95,13 @@ TEST_F(FaxPage, WritesTheWidthWhenAnotherTakesIt) {
   EXPECT_EQ(job().value(u"FaxTrasmissione_Pagina", u"CodiceLarghezza"), u"3");
 }
 
+TEST_F(FaxPage, OverflowsWhenAWidthNearTheLargestIsReadButWritesIt) {
+  bind(pagina);
+  EXPECT_EQ(errorOf([&] { pagina.CodiceWidth = 2147483647; }), 0);
+  EXPECT_EQ(errorOf([&] { (void)pagina.CodiceWidth.get(); }), 6);
+  EXPECT_EQ(job().lines(), u"[FaxTrasmissione_Pagina]\nCodiceLarghezza=2147483647\n");
+}
+
 TEST_F(FaxPage, WritesNothingWhenTheWidthIsDescribedOrRendered) {
   bind(pagina);
   pagina.CodiceWidth = vdftpw_864;

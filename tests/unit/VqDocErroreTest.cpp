@@ -60,6 +60,13 @@ TEST_F(VqDocErroreTest, HasTheMissingTextForACodeOutsideTheList) {
   EXPECT_EQ(errore.Descrizione.get(), u"Manca la risora: 10998 OrvaneDocumenti");
 }
 
+TEST_F(VqDocErroreTest, OverflowsNearTheLargestCodeButKeepsAndWritesIt) {
+  bind(errore);
+  EXPECT_EQ(errorOf([&] { errore.Codice = 2147483647; }), 6);
+  EXPECT_EQ(errore.Codice.number(), 2147483647);
+  EXPECT_EQ(job().lines(), u"[Errore]\nCodice=2147483647\n");
+}
+
 TEST_F(VqDocErroreTest, ReadsACustomText) {
   loadFrom(errore, u"[Errore]\nCodice=-1\nDescrizione=Carta finita\n");
   EXPECT_EQ(errore.Codice.get(), vdec_Personalizzato);

@@ -129,6 +129,12 @@ TEST_F(VqDocProprietaTest, WritesTheRetriesButNeverReadsThem) {
   EXPECT_EQ(other.TentativiElaborazione.get(), 0);
 }
 
+TEST_F(VqDocProprietaTest, KeepsTheRetriesThatItHasOnReading) {
+  proprieta.TentativiElaborazione = 4;
+  load(u"[Proprieta]\nTentativiElaborazione=9\n");
+  EXPECT_EQ(proprieta.TentativiElaborazione.get(), 4);
+}
+
 TEST_F(VqDocProprietaTest, HasNoReferenceToAMissingBodyFile) {
   load(u"[Proprieta]\nId=123\n");
   EXPECT_EQ(proprieta.FileCorpo.Percorso, u"");
@@ -148,6 +154,13 @@ TEST_F(VqDocProprietaTest, FindsItsScriptFileBesideTheJobFile) {
   folder.write(u"Corpi\\123.svq", "script");
   load(u"[Proprieta]\nId=123\n");
   EXPECT_EQ(proprieta.FileScript.File(), folder.file(u"Corpi\\123.svq"));
+  EXPECT_EQ(proprieta.FileCorpo.Nome, u"");
+}
+
+TEST_F(VqDocProprietaTest, HasNoBodyFileUnderAnIdThatNoFileCanHave) {
+  load(u"[Proprieta]\nId=a\u241B0000b\nUtente=MR\n");
+  EXPECT_EQ(proprieta.Id.get(), Text(u"a\0b", 3));
+  EXPECT_EQ(proprieta.Utente.get(), u"MR");
   EXPECT_EQ(proprieta.FileCorpo.Nome, u"");
 }
 

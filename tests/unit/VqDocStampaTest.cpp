@@ -46,6 +46,12 @@ TEST_F(VqDocStampaTest, NamesALinkedJobWithItsOwnExtension) {
   EXPECT_FALSE(stampa->Proprieta.Collegato.get());
 }
 
+TEST_F(VqDocStampaTest, TakesAnEmptyIdToo) {
+  stampa->Inizializza(u"", folder.path());
+  EXPECT_EQ(stampa->Proprieta.FileIntestazione.Nome, u".vqs");
+  EXPECT_EQ(job(u".vqs").value(u"Proprieta", u"Id"), u"");
+}
+
 TEST_F(VqDocStampaTest, SetsOneCopyOnInitialisingInTheObjectOnly) {
   stampa->Copie = 7;
   stampa->Inizializza(u"123", folder.path());
