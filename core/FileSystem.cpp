@@ -56,12 +56,6 @@ class SystemFileSystem : public FileSystem {
     raise(failure);
   }
 
-  void createFolder(TextView folder) const override {
-    std::error_code failure;
-    fs::create_directory(pathOf(folder), failure);
-    if (failure) raise(failure);
-  }
-
   std::vector<Text> files(TextView folder) const override {
     std::vector<Text> names;
     std::error_code failure;

@@ -9,7 +9,7 @@
 
 namespace orvane {
 
-/// Folder and file tests, copying, making folders and listing. Names are published names: folders joined to
+/// Folder and file tests, copying and listing. Names are published names: folders joined to
 /// files by a backslash, which reaches a POSIX file system as its separator.
 class FileSystem {
  public:
@@ -24,10 +24,6 @@ class FileSystem {
   /// Copies the content, replacing `to` as a whole: a reader finds the old file or the new one. Error 53
   /// where `from` is missing, 76 where the folder of `to` is, else 70, 61, 75 or 57 by cause.
   virtual void copyFile(TextView from, TextView to) const = 0;
-
-  /// Makes a folder in one that exists; one that is there already stays. Error 76 where the outer folder is
-  /// missing, else 70, 61, 75 or 57 by cause.
-  virtual void createFolder(TextView folder) const = 0;
 
   /// Names (without the folder) of the folder's files, in the order of their units.
   virtual std::vector<Text> files(TextView folder) const = 0;

@@ -46,21 +46,12 @@ void copyProperties(const VqDocProprieta& from, VqDocProprieta& to) {
   to.Collegato = from.Collegato;
 }
 
-// A documents folder need not have its folder of bodies before it has one; the documents folder is not made.
-void makeBodyFolder(const FileSystem& fileSystem, const VqDocProprieta& properties) {
-  const Text folder = properties.bodyFolder();
-  if (fileSystem.folderExists(folder)) return;
-  if (!fileSystem.folderExists(properties.FileIntestazione.Percorso)) throw Error(ErrorNumber::PathNotFound);
-  fileSystem.createFolder(folder);
-}
-
 void copyBodyFile(const VqDocFile& from, VqDocFile& to, const VqDocProprieta& properties,
                   const char16_t* extension) {
   FileSystem& fileSystem = Apartment::fileSystem();
   if (!fileSystem.fileExists(from.File())) return;
   to.Percorso = properties.bodyFolder();
   to.Nome = properties.Id.get() + extension;
-  makeBodyFolder(fileSystem, properties);
   fileSystem.copyFile(from.File(), to.File());
 }
 

@@ -30,9 +30,9 @@ class VqDocumenti {
   /// Copy print options, queue state, properties, body and script files, control codes and linked jobs of a
   /// print document into another that is bound already. Not copied: pages, `Pinzatura`, `Id`, `Intestatario`,
   /// `Funzione`, `LetturaFacilitata`, the codes of error, command, outcome and kind. Each linked job becomes
-  /// `<Id>_<linked Id>.lvq` in the folder of the destination. The folder of body and script files, `Corpi`,
-  /// is made there where it is missing and the source has such a file. Each job file is replaced once. Error
-  /// 91 for no document; any error stops the copy, and what was copied stays.
+  /// `<Id>_<linked Id>.lvq` in the folder of the destination. Each job file is replaced once. Error 91 for no
+  /// document, 76 where the source has a body or script file and the destination no folder `Corpi` for it;
+  /// any error stops the copy, and what was copied stays.
   void DuplicaDocumentoStampa(const std::shared_ptr<VqDocStampa>& DocOriginale,
                               const std::shared_ptr<VqDocStampa>& DocDestinazione) const;
 

@@ -163,14 +163,7 @@ TEST_F(DuplicaDocumentoStampaTest, CopiesBodyAndScriptUnderItsOwnId) {
   EXPECT_EQ(target.read(u"Corpi\\100.svq"), "script");
 }
 
-TEST_F(DuplicaDocumentoStampaTest, MakesTheFolderOfBodiesWhereItIsMissing) {
-  folder.write(u"Corpi\\5.bvq", "corpo");
-  from->Proprieta.FileCorpo = {folder.file(u"Corpi"), u"5.bvq"};
-  duplicate();
-  EXPECT_EQ(target.read(u"Corpi\\100.bvq"), "corpo");
-}
-
-TEST_F(DuplicaDocumentoStampaTest, MakesNoFolderForAnUnboundDocument) {
+TEST_F(DuplicaDocumentoStampaTest, CopiesNoBodyForAnUnboundDocument) {
   folder.write(u"5.bvq", "corpo");
   from->Proprieta.FileCorpo = {folder.path(), u"5.bvq"};
   const auto unbound = factory.NuovoDocumentoStampa();
@@ -188,9 +181,10 @@ TEST_F(DuplicaDocumentoStampaTest, LeavesTheBodyReferenceWhereTheSourceHasNoFile
 
 TEST_F(DuplicaDocumentoStampaTest, StopsAtAFailingCopyAndKeepsWhatIsWritten) {
   folder.write(u"5.bvq", "corpo");
-  target.write(u"Corpi", "no folder");
   from->Proprieta.FileCorpo = {folder.path(), u"5.bvq"};
-  EXPECT_EQ(errorOf([&] { duplicate(); }), 75);
+  EXPECT_EQ(errorOf([&] { duplicate(); }), 76);
+  EXPECT_FALSE(target.has(u"Corpi"));
+  EXPECT_EQ(to->Proprieta.FileCorpo.File(), target.file(u"Corpi\\100.bvq"));
   EXPECT_EQ(copy().value(u"Proprieta", u"Sigla"), u"FT");
   EXPECT_FALSE(copy().hasSection(u"Catalogo sorgente"));
   EXPECT_FALSE(copy().hasSection(u"Collegati"));

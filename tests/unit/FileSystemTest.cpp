@@ -79,25 +79,6 @@ TEST_F(FileSystemTest, RaisesPathNotFoundForAMissingTargetFolder) {
   EXPECT_EQ(errorOf([&] { files->copyFile(folder.file(u"da"), folder.file(u"Corpi\\a")); }), 76);
 }
 
-TEST_F(FileSystemTest, MakesAFolderAndKeepsOneThatIsThere) {
-  files->createFolder(folder.file(u"Corpi"));
-  EXPECT_TRUE(files->folderExists(folder.file(u"Corpi")));
-  folder.write(u"Corpi\\a", "x");
-  files->createFolder(folder.file(u"Corpi"));
-  EXPECT_TRUE(folder.has(u"Corpi\\a"));
-}
-
-TEST_F(FileSystemTest, MakesNoFolderInAMissingOne) {
-  EXPECT_EQ(errorOf([&] { files->createFolder(folder.file(u"nessuna\\Corpi")); }), 76);
-  EXPECT_FALSE(files->folderExists(folder.file(u"nessuna")));
-}
-
-TEST_F(FileSystemTest, MakesNoFolderInThePlaceOfAFile) {
-  folder.write(u"Corpi", "x");
-  EXPECT_EQ(errorOf([&] { files->createFolder(folder.file(u"Corpi")); }), 75);
-  EXPECT_EQ(folder.read(u"Corpi"), "x");
-}
-
 TEST_F(FileSystemTest, RaisesPermissionDeniedWhereTheFolderRefuses) {
   folder.write(u"da", "x");
   folder.write(u"chiusa\\b", "y");
