@@ -22,15 +22,23 @@ fs::path pathOf(TextView published) {
 
 [[noreturn]] void raise(const std::error_code& failure) { throw Error(errorNumberOf(failure)); }
 
+// Nothing is where no file or folder can be.
+PathKind kindNamed(TextView published) {
+  try {
+    return kindOf(nativePath(published));
+  } catch (const Error& error) {
+    if (error.code() != ErrorNumber::BadFileName) throw;
+    return PathKind::Nothing;
+  }
+}
+
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
-    return !folder.empty() && kindOf(nativePath(folder)) == PathKind::Folder;
+    return !folder.empty() && kindNamed(folder) == PathKind::Folder;
   }
 
-  bool fileExists(TextView file) const override {
-    return !file.empty() && kindOf(nativePath(file)) == PathKind::File;
-  }
+  bool fileExists(TextView file) const override { return !file.empty() && kindNamed(file) == PathKind::File; }
 
   void copyFile(TextView from, TextView to) const override {
     if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);

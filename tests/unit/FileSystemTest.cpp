@@ -32,6 +32,13 @@ TEST_F(FileSystemTest, FindsNothingUnderAnEmptyOrMissingName) {
   EXPECT_FALSE(files->fileExists(folder.file(u"nessuno")));
 }
 
+TEST_F(FileSystemTest, FindsNothingUnderANameThatNoFileCanHave) {
+  for (const Text& name : {Text(u"a\0b", 3), Text(u"\xD800")}) {
+    EXPECT_FALSE(files->folderExists(folder.file(name)));
+    EXPECT_FALSE(files->fileExists(folder.file(name)));
+  }
+}
+
 TEST_F(FileSystemTest, TakesAFolderWithABackslashAtItsEnd) {
   EXPECT_TRUE(files->folderExists(folder.path() + u'\\'));
 }

@@ -144,7 +144,7 @@ TEST_F(VqDocPagineTest, CaricaOfAMissingFolderStillLoadsLimitsAndState) {
 
 TEST_F(VqDocPagineTest, CaricaOfAMissingFolderKeepsThePages) {
   add(2);
-  pages.Carica(folder.file(u"manca"));
+  for (const TextView missing : {u"manca", u"\xD800"}) pages.Carica(folder.file(missing));
   EXPECT_EQ(pages.Count(), 2);
 }
 
