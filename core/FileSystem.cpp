@@ -30,25 +30,26 @@ Text publishedName(const Native& name) {
   }
 }
 
-[[noreturn]] void raise(const std::error_code& failure) { throw Error(errorNumberOf(failure)); }
-
-// Nothing is where no file or folder can be.
-PathKind kindNamed(TextView published) {
+PathKind kindOfNamed(TextView published) {
   try {
     return kindOf(nativePath(published));
   } catch (const Error& error) {
-    if (error.code() != ErrorNumber::BadFileName) throw;
+    if (error.number() != static_cast<int>(ErrorNumber::BadFileName)) throw;
     return PathKind::Nothing;
   }
 }
 
+[[noreturn]] void raise(const std::error_code& failure) { throw Error(errorNumberOf(failure)); }
+
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(TextView folder) const override {
-    return !folder.empty() && kindNamed(folder) == PathKind::Folder;
+    return !folder.empty() && kindOfNamed(folder) == PathKind::Folder;
   }
 
-  bool fileExists(TextView file) const override { return !file.empty() && kindNamed(file) == PathKind::File; }
+  bool fileExists(TextView file) const override {
+    return !file.empty() && kindOfNamed(file) == PathKind::File;
+  }
 
   void copyFile(TextView from, TextView to) const override {
     if (!fileExists(from)) throw Error(ErrorNumber::FileNotFound);

@@ -15,10 +15,10 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// False for an empty name, for one that no folder can have and for anything that is no folder.
+  /// False for an empty name, for anything that is no folder and for a text that cannot name a file.
   virtual bool folderExists(TextView folder) const = 0;
 
-  /// False for an empty name, for one that no file can have and for a folder.
+  /// False for an empty name, for a folder and for a text that cannot name a file.
   virtual bool fileExists(TextView file) const = 0;
 
   /// Copies the content, replacing `to` as a whole: a reader finds the old file or the new one. Error 53

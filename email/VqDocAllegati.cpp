@@ -42,6 +42,7 @@ void VqDocAllegati::LeggiFile() {
   FilePdf.Percorso = access.LeggiTesto(*file, section(), u"PdfPercorso");
   FilePdf.Nome = access.LeggiTesto(*file, section(), u"PdfNome");
   const std::int32_t count = access.LeggiQuanti(*file, section(), u"NumeroAllegati");
+  RemoveAll();
   for (std::int32_t position = 0; position < count; ++position) {
     const Text index = decimalText(position);
     const Text folder = access.LeggiTesto(*file, section(), u"Percorso" + index);

@@ -8,7 +8,8 @@
 namespace orvane {
 
 /// Section "Allegati". The list lives in the object; `Salva` writes it to the job file as a whole, and
-/// loading the job reads it. The key of an attachment is its full file name.
+/// loading the job replaces it by the list that the file holds. The key of an attachment is its full file
+/// name.
 class VqDocAllegati : public Component, private Owner {
  public:
   VqDocAllegati() : Component(u"Allegati", u"Allegati") {}

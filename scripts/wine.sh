@@ -1,15 +1,21 @@
 # shellcheck shell=bash
-# For scripts that run Windows programs: a Wine of the build folder's own. Source it in the root; whoever starts it has
-# to see to it that it is stopped.
+# For scripts that run Windows programs: a Wine of the build folder's own. Source it in the root.
 
-# Its server stays meanwhile: to start it anew for every program costs more than most programs do.
-start_wine() {
+# For a few programs.
+boot_wine() {
   export WINEPREFIX=$PWD/build/wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="winemenubuilder.exe="
   unset DISPLAY
   mkdir -p "$WINEPREFIX"
-  wine_server -p || true  # one may be running already
   # Its services live on, and would keep a pipe open that somebody reads to the end.
   timeout 300 wine wineboot --init >"$PWD/build/wine.log" 2>&1
+}
+
+# For many: its server stays, since to start it anew for every program costs more than most programs do. Whoever starts
+# it has to see to it that it is stopped.
+start_wine() {
+  mkdir -p "$PWD/build/wine"
+  wine_server -p || true  # one may be running already
+  boot_wine
 }
 
 stop_wine() { wine_server -k || true; }

@@ -18,10 +18,16 @@ class Names : public Automation {
   }
 };
 
-TEST_F(Names, OfDevicesAndOfNoFileAreMissingOnLoadingElse52AndLeaveNothing) {
+TEST_F(Names, OfDevicesAndOfNoFileAreMissingInLoading) {
   const std::wstring folder = newFolder();
-  EXPECT_EQ(runtimeError(53), load(L"NUL", folder));
-  EXPECT_EQ(runtimeError(76), load(L"1.vqs", folder + L"\\NUL"));
+  for (const std::wstring& name : {std::wstring(L"NUL"), std::wstring(L"a?"), std::wstring(300, L'x')}) {
+    EXPECT_EQ(runtimeError(53), load(name, folder)) << std::string(name.begin(), name.end());
+  }
+  EXPECT_EQ(runtimeError(76), load(L"a", folder + L"\\NUL"));
+}
+
+TEST_F(Names, OfDevicesAndOfNoFileAre52InWritingAndLeaveNothing) {
+  const std::wstring folder = newFolder();
   for (const std::wstring& id : {std::wstring(L"NUL"), std::wstring(L"COM1"), std::wstring(L"a?"),
                                  std::wstring(L"a:b"), std::wstring(300, L'x')}) {
     EXPECT_EQ(runtimeError(52), bindAndAssign(id, folder)) << std::string(id.begin(), id.end());

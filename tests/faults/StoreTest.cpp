@@ -11,6 +11,7 @@
 #include "tests/faults/InMemory.h"
 #include "tests/faults/SystemCalls.h"
 #include "tests/support/JobTest.h"
+#include "tests/support/TemporaryName.h"
 
 namespace orvane::test {
 namespace {
@@ -114,9 +115,7 @@ TEST_F(Store, TakesAWriteThatWritesNothingForAFullDevice) {
 }
 
 TEST_F(Store, SaysWhyAKilledWritersTemporaryCannotBeRemoved) {
-  char name[32];
-  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", number_);
-  folder_.write(fromUtf8(name), "left by a killed writer");
+  folder_.write(fromUtf8(temporaryName(number_)), "left by a killed writer");
   const auto write = [&] { JobFile(name_).write(u"A", u"k", u"2"); };
   EXPECT_EQ(errorWith({.at = 0, .code = EIO, .onward = true, .name = "unlink"}, write), 57);
   EXPECT_EQ(valueNow(), u"1");

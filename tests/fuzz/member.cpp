@@ -96,10 +96,11 @@ const std::set<std::string>& unkept() {
   return paths;
 }
 
-// Of a job with a document inside, the number of another kind makes another document, or one that nothing can
-// load.
-bool isKindInside(const Job& job, const std::string& path) {
-  return job.kind->wraps() && lowerCase(path).ends_with("tipo.codice");
+// The number of a kind that no document inside can have makes a job that cannot be loaded; nothing else does.
+bool mayRefuseToLoad(const Job& job, const std::string& path, const std::string& message) {
+  if (!job.kind->wraps() || !lowerCase(path).ends_with("tipo.codice")) return false;
+  const auto is = [&](ErrorNumber number) { return message == Failure(number, job.file.given).what(); };
+  return is(ErrorNumber::NotSupportedAction) || is(ErrorNumber::ObjectNotSet);
 }
 
 const std::string& pathAt(std::size_t index) {
@@ -136,11 +137,15 @@ void check(const Session& session, const Job& job, const std::string& text) {
   const Variant meant = parseValue(wanted, reading.type);
   const bool isCopies = lowerCase(path).ends_with("copie") && held == "1";
   insist(isCopies || held == valueText(meant, reading.type, Form::Raw), text, held);
-  if (unkept().contains(lowerCase(path)) || isKindInside(job, path)) return;
-  const Job loaded = session.open(job.file.given);
-  session.loadPages(loaded, toUtf8(job.file.folder));  // the pages' own members come back with them
-  const std::string kept = rawValue(loaded.document, path);
-  insist(kept == cutAsInTheFile(held), text, kept);
+  if (unkept().contains(lowerCase(path))) return;
+  try {
+    const Job loaded = session.open(job.file.given);
+    session.loadPages(loaded, toUtf8(job.file.folder));  // the pages' own members come back with them
+    const std::string kept = rawValue(loaded.document, path);
+    insist(kept == cutAsInTheFile(held), text, kept);
+  } catch (const Failure& failure) {
+    insist(mayRefuseToLoad(job, path, failure.what()), text, failure.what());
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "tests/jobfile/JobFolder.h"
+#include "tests/support/TemporaryName.h"
 
 namespace orvane::test {
 namespace {
@@ -247,19 +248,16 @@ TEST_F(JobFileErrors, LinksInACircleAreError75) {
 
 TEST_F(JobFileErrors, ALeftTemporaryIsRemovedByTheNextWriter) {
   DiskFile disk(published());
-  char name[32];
-  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", lockNumberOf(u"job.vqs"));
-  put("left by a killed writer, and longer than what comes next will ever be", name);
+  put("left by a killed writer, and longer than what comes next will ever be",
+      temporaryName(lockNumberOf(u"job.vqs")));
   JobFile(published()).write(u"A", u"k", u"1");
   EXPECT_EQ(names(), std::set<std::string>{"job.vqs"});
   EXPECT_EQ(bytes(), kOld);
 }
 
 TEST_F(JobFileErrors, ALinkInPlaceOfTheTemporaryIsNotFollowed) {
-  char name[32];
-  std::snprintf(name, sizeof name, ".orvane-%08x.tmp", lockNumberOf(u"job.vqs"));
   put("precious", "victim");
-  std::filesystem::create_symlink("victim", path(name));
+  std::filesystem::create_symlink("victim", path(temporaryName(lockNumberOf(u"job.vqs"))));
   JobFile(published()).write(u"A", u"k", u"1");
   EXPECT_EQ(bytes("victim"), "precious");
   EXPECT_EQ(bytes(), kOld);

@@ -4,6 +4,7 @@
 
 #include "tests/automation/Imports.h"
 #include "tests/neighbours/JobFolder_win32.h"
+#include "tests/support/TemporaryName.h"
 
 namespace neighbours {
 namespace {
@@ -132,9 +133,9 @@ HANDLE WINAPI openUnlessHidden(LPCWSTR path, DWORD access, DWORD share, SECURITY
 class Leftovers : public JobFolder {
  protected:
   HANDLE leave(DWORD attributes) const {
-    wchar_t name[32];
-    std::swprintf(name, std::size(name), L".orvane-%08x.tmp", orvane::lockNumberOf(u"job.vqs"));
-    return CreateFileW(path(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr);
+    const std::string name = orvane::test::temporaryName(orvane::lockNumberOf(u"job.vqs"));
+    return CreateFileW(path({name.begin(), name.end()}).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                       attributes, nullptr);
   }
   void expectToWrite() const {
     orvane::JobFile(published()).write(u"A", u"k", u"1");

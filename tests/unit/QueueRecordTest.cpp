@@ -214,6 +214,17 @@ TEST_P(QueueChannelTest, StoredCodeThatDoesNotFitIsAnOverflow) {
   EXPECT_EQ(errorOf([&] { loadFrom(*queue, u'[' + Text(channel.section) + u"]\nCodice=3000000000\n"); }), 6);
 }
 
+TEST_P(QueueChannelTest, LoadingStampsAndWritesNothing) {
+  const Text lines = u'[' + Text(channel.section) + u"]\nCodice=1\n";
+  loadFrom(*queue, lines);
+  EXPECT_EQ(job().lines(), lines);
+}
+
+TEST_P(QueueChannelTest, CodeWhoseTextHasNoNumberIsWrittenAndOverflows) {
+  EXPECT_EQ(errorOf([&] { channel.enter(*queue, 2147483647); }), 6);
+  EXPECT_EQ(job().lines(), u'[' + Text(channel.section) + u"]\nCodice=2147483647\n");
+}
+
 TEST_P(QueueChannelTest, FailedWriteKeepsTheNewCodeAndNoDate) {
   std::filesystem::create_directory(folder.native(u"job.ini"));
   EXPECT_EQ(errorOf([&] { channel.enter(*queue, 1); }), 75);
@@ -268,6 +279,11 @@ TEST_F(VqDocCodaFaxTest, EnteringAStateAgainStampsItAgainAndKeepsTheOthers) {
   queue.Codice = vdcf_DaTrasmettere;
   EXPECT_EQ(queue.DataDaTrasmettere.get().days, 39816);
   EXPECT_EQ(queue.DataInTrasmissione.get().days, 39815);
+}
+
+TEST_F(VqDocCodaFaxTest, StoredLastQueueIsRoundedHalvesToEven) {
+  loadFrom(queue, u"[UltimaCoda]\nCodice=3.5\n");
+  EXPECT_EQ(queue.UltimaCodaCodice.number(), 4);
 }
 
 TEST_F(VqDocCodaFaxTest, InsertionDateIsWrittenAndNothingElseChanges) {

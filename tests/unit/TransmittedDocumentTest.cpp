@@ -104,6 +104,16 @@ TEST_F(JobTest, SubjectOfAnEmailIsKeptInItsSection) {
   EXPECT_EQ(again.Oggetto.get(), Text(255, u'o'));
 }
 
+TEST_F(JobTest, EmailWithAttachmentsThatFailedToLoadCanBeLoadedAgain) {
+  const Text attached = u"[Allegati]\nNumeroAllegati=1\nNome0=a.pdf\n[TrasmissioneEmail]\nTentativi=";
+  VqDocEmail email;
+  writeJobFile(folder.file(u"1.vqe"), attached + u"3000000000\n");
+  EXPECT_EQ(errorOf([&] { email.Carica(folder.path(), u"1.vqe"); }), 6);
+  writeJobFile(folder.file(u"1.vqe"), attached + u"3\n");
+  EXPECT_EQ(errorOf([&] { email.Carica(folder.path(), u"1.vqe"); }), 0);
+  EXPECT_EQ(email.Allegati.Count(), 1);
+}
+
 TEST_F(JobTest, ThreeRecipientListsOfAnEmailDoNotMix) {
   VqDocEmail email, again;
   email.Inizializza(u"123", folder.path());

@@ -44,6 +44,21 @@ TEST_F(VqDocAllegatiTest, SameFileTwiceRaisesDuplicateKey) {
   EXPECT_EQ(list.Count(), 2);
 }
 
+TEST_F(VqDocAllegatiTest, SameFullNameByAnotherFolderOrCaseRaisesDuplicateKey) {
+  list.Add(u"C:\\A", u"B\\uno.txt");
+  EXPECT_EQ(errorOf([&] { list.Add(u"C:\\A\\B", u"uno.txt"); }), 457);
+  EXPECT_EQ(errorOf([&] { list.Add(u"c:\\a", u"b\\UNO.TXT"); }), 457);
+}
+
+TEST_F(VqDocAllegatiTest, KeyStaysTheFullNameOfTheTimeOfAdding) {
+  addTwo();
+  list.Item(0)->Nome = u"nuovo.txt";
+  EXPECT_EQ(nameAt(u"C:\\A\\uno.txt"), u"nuovo.txt");
+  EXPECT_FALSE(list.Exists(u"C:\\A\\nuovo.txt"));
+  list.Salva();
+  EXPECT_EQ(job().value(u"Allegati", u"Nome0"), u"nuovo.txt");
+}
+
 TEST_F(VqDocAllegatiTest, SameNameFromAnotherFolderIsAdded) {
   addTwo();
   EXPECT_TRUE(list.Add(u"C:\\C", u"uno.txt"));
@@ -122,6 +137,13 @@ TEST_F(VqDocAllegatiTest, KeysOfRemovedFilesStayPastTheNumber) {
             u"Percorso0=C:\\B\nNome0=due.txt\nPercorso1=C:\\B\nNome1=due.txt\n");
 }
 
+TEST_F(VqDocAllegatiTest, SalvaBeforeBindingWritesNowhere) {
+  VqDocAllegati unbound;
+  unbound.Add(u"C:\\A", u"uno.txt");
+  unbound.Salva();
+  EXPECT_TRUE(folder.files().empty());
+}
+
 TEST_F(VqDocAllegatiTest, StoredListIsReadUpToItsNumber) {
   loadFrom(list,
            u"[Allegati]\nPdfPercorso=C:\\P\nPdfNome=d.pdf\nNumeroAllegati=1\nPercorso0=C:\\A\nNome0=uno\n"
@@ -129,6 +151,22 @@ TEST_F(VqDocAllegatiTest, StoredListIsReadUpToItsNumber) {
   EXPECT_EQ(list.FilePdf.File(), u"C:\\P\\d.pdf");
   ASSERT_EQ(list.Count(), 1);
   EXPECT_EQ(list.Item(0)->File(), u"C:\\A\\uno");
+}
+
+TEST_F(VqDocAllegatiTest, StoredNumberIsRoundedHalvesToEvenAndNoneBelowOne) {
+  const Text files = u"\nNome0=a\nNome1=b\nNome2=c\n";
+  for (const auto& [stored, count] : {std::pair(u"1.5", 2), {u"2.5", 2}, {u"0", 0}, {u"-1", 0}, {u"x", 0}}) {
+    loadFrom(list, u"[Allegati]\nNumeroAllegati=" + Text(stored) + files);
+    EXPECT_EQ(list.Count(), count) << toUtf8(stored);
+  }
+}
+
+TEST_F(VqDocAllegatiTest, StoredTextsAreReadUpTo255Characters) {
+  const Text name(300, u'n');
+  loadFrom(list,
+           u"[Allegati]\nPdfNome=" + name + u"\nNumeroAllegati=1\nPercorso0=" + name + u"\nNome0=" + name);
+  EXPECT_EQ(list.FilePdf.Nome, name.substr(0, 255));
+  EXPECT_EQ(list.Item(0)->File(), name.substr(0, 255) + u'\\' + name.substr(0, 255));
 }
 
 TEST_F(VqDocAllegatiTest, StoredEntryWithoutANameIsSkipped) {
@@ -139,6 +177,19 @@ TEST_F(VqDocAllegatiTest, StoredEntryWithoutANameIsSkipped) {
 
 TEST_F(VqDocAllegatiTest, StoredFileListedTwiceFailsTheLoad) {
   EXPECT_EQ(errorOf([&] { loadFrom(list, u"[Allegati]\nNumeroAllegati=2\nNome0=uno\nNome1=uno\n"); }), 457);
+}
+
+TEST_F(VqDocAllegatiTest, ListThatFailedToLoadCanBeLoadedAgain) {
+  errorOf([&] { loadFrom(list, u"[Allegati]\nNumeroAllegati=2\nNome0=uno\nNome1=uno\n"); });
+  loadFrom(list, u"[Allegati]\nNumeroAllegati=2\nNome0=uno\nNome1=due\n");
+  EXPECT_EQ(list.Count(), 2);
+  EXPECT_EQ(nameAt(1), u"due");
+}
+
+TEST_F(VqDocAllegatiTest, LoadedListTakesThePlaceOfWhatWasAttachedBefore) {
+  addTwo();
+  loadFrom(list, u"[Allegati]\nNumeroAllegati=1\nPercorso0=C:\\A\nNome0=uno.txt\n");
+  EXPECT_EQ(list.Count(), 1);
 }
 
 TEST_F(VqDocAllegatiTest, JobFileWithoutTheSectionLoadsEmpty) {
@@ -153,6 +204,11 @@ TEST_F(VqDocAllegatiTest, OneMissingFileIsFoundOut) {
   list.Add(folder.path(), u"uno.txt");
   EXPECT_TRUE(list.VerificaEsistenzaFile());
   list.Add(folder.path(), u"due.txt");
+  EXPECT_FALSE(list.VerificaEsistenzaFile());
+}
+
+TEST_F(VqDocAllegatiTest, FolderIsNoAttachedFile) {
+  list.Add(folder.path(), u".");
   EXPECT_FALSE(list.VerificaEsistenzaFile());
 }
 

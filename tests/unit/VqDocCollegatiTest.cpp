@@ -137,6 +137,13 @@ TYPED_TEST(VqDocCollegatiTest, DeletedDocumentIsLeftOutWhereTheKindDoesSo) {
   EXPECT_EQ(this->links.Count(), TypeParam::dropsDeleted ? 0 : 1);
 }
 
+TYPED_TEST(VqDocCollegatiTest, DeletedDocumentOfAnIdThatIsThereIsLeftOutWithoutAnError) {
+  this->add({u"a"});
+  const auto document = this->linked(u"a");
+  document->Coda.Codice = TypeParam::deleted;
+  EXPECT_EQ(errorOf([&] { this->links.Add(document); }), TypeParam::dropsDeleted ? 0 : 457);
+}
+
 TYPED_TEST(VqDocCollegatiTest, DiscardedDocumentIsAdded) {
   const auto document = this->linked(u"a");
   document->Coda.Codice = TypeParam::deleted - 1;
@@ -157,6 +164,24 @@ TYPED_TEST(VqDocCollegatiTest, SalvaWritesNumberFoldersAndNames) {
   EXPECT_EQ(this->ownJob().lines(u"Collegati"), u"[Collegati]\nNumeroCollegati=2\nPercorso0=" + place +
                                                     u"\nNome0=a" + TypeParam::extension + u"\nPercorso1=" +
                                                     place + u"\nNome1=b" + TypeParam::extension + u'\n');
+}
+
+TYPED_TEST(VqDocCollegatiTest, SalvaWritesWhereTheDocumentsLieAtThatTime) {
+  this->add({u"a"});
+  this->links.Item(0)->Proprieta.FileIntestazione = {u"C:\\Altrove", u"b.dat"};
+  this->links.Salva();
+  EXPECT_EQ(this->ownJob().lines(u"Collegati"),
+            u"[Collegati]\nNumeroCollegati=1\nPercorso0=C:\\Altrove\nNome0=b.dat\n");
+}
+
+TYPED_TEST(VqDocCollegatiTest, LoadingAddsToTheDocumentsThatAreThere) {
+  this->add({u"a"});
+  this->links.Salva();
+  typename TypeParam::Owner other;
+  other.Collegati.Add(this->linked(u"b"));
+  other.Carica(this->folder.path(), this->owner.Proprieta.FileIntestazione.Nome);
+  ASSERT_EQ(other.Collegati.Count(), 2);
+  EXPECT_EQ(other.Collegati.Item(1)->Proprieta.Id.get(), u"a");
 }
 
 TYPED_TEST(VqDocCollegatiTest, SavedDocumentsAreOpenedAgainInTheirOrder) {
@@ -194,6 +219,14 @@ TYPED_TEST(VqDocCollegatiTest, ListedFileThatIsGoneIsSkipped) {
   const auto again = this->reloaded();
   ASSERT_EQ(again->Collegati.Count(), 1);
   EXPECT_EQ(again->Collegati.Item(0)->Proprieta.Id.get(), u"b");
+}
+
+// A long folder is cut in reading, here within a character of two units.
+TYPED_TEST(VqDocCollegatiTest, ListedTextThatNamesNoFileIsSkipped) {
+  this->add({u"a"});
+  this->links.Item(0)->Proprieta.FileIntestazione.Percorso = Text(254, u'x') + u"\U0001F4C4";
+  this->links.Salva();
+  EXPECT_EQ(this->reloaded()->Collegati.Count(), 0);
 }
 
 TYPED_TEST(VqDocCollegatiTest, DocumentDeletedSinceIsDroppedOnLoadWhereTheKindDoesSo) {

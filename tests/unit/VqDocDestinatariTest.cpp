@@ -82,6 +82,14 @@ TEST_F(VqDocMessaggioTest, NotesAreReadBackIntoTheirSlots) {
   EXPECT_EQ(message.Nota(1).get(), u"");
 }
 
+TEST_F(VqDocMessaggioTest, OnlyKeysOfTheThirtySlotsAreReadEachUpTo255Characters) {
+  message.Nota(1) = u"prima";
+  const Text line(300, u'n');
+  loadFrom(message, u"[Messaggio]\nNota_00=a\nNota_2=" + line + u"\nNota_30=b\n");
+  EXPECT_EQ(message.Nota(0).get() + message.Nota(1).get(), u"");
+  EXPECT_EQ(message.Nota(2).get(), line.substr(0, 255));
+}
+
 TEST_F(VqDocMessaggioTest, XmlOfANewMessageHasThirtyEmptyNotes) {
   Text notes;
   for (int i = 0; i < 30; ++i) notes += u"<Nota_" + fromUtf8(std::to_string(i)) + u"/>";
@@ -109,6 +117,13 @@ TEST_F(VqDocTrasmissioneEmailTest, NegativeRetriesAreAccepted) {
   bind(again);
   Components::load(again);
   EXPECT_EQ(again.Tentativi.get(), -2);
+}
+
+TEST_F(VqDocTrasmissioneEmailTest, StoredRetriesAreRoundedHalvesToEven) {
+  loadFrom(record, u"[TrasmissioneEmail]\nTentativi=2.5\n");
+  EXPECT_EQ(record.Tentativi.get(), 2);
+  loadFrom(record, u"[TrasmissioneEmail]\nTentativi=3.5\n");
+  EXPECT_EQ(record.Tentativi.get(), 4);
 }
 
 TEST_F(VqDocTrasmissioneEmailTest, NextAttemptIsNeverWritten) {

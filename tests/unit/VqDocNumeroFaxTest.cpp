@@ -31,6 +31,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Composition{"NumberStandsAlone", u"", u"", u"1234567", u"1234567"},
                     Composition{"InternationalWithoutLocalIsAnErrorBeforeTheNumber", u"39", u"", u"1234567",
                                 u"Errore1234567"},
+                    Composition{"BlanksAreParts", u" ", u" ", u" ", u" - - "},
                     Composition{"EmptyIsAnError", u"", u"", u"", u"Errore"},
                     Composition{"PrefixesWithoutNumberAreAnErrorAlone", u"39", u"06", u"", u"Errore"},
                     Composition{"LocalPrefixWithoutNumberIsAnErrorAlone", u"", u"06", u"", u"Errore"},

@@ -74,6 +74,42 @@ TYPED_TEST(WrappingDocumentTest, DocumentSetEarlyIsTheOneThatIsBound) {
   EXPECT_EQ(this->wrapping.Proprieta().Utente.get(), u"MR");
 }
 
+TYPED_TEST(WrappingDocumentTest, DocumentSetEarlyIsBoundAsANumberThatIsNoKindToo) {
+  this->wrapping.ImpostaDocumento(vdt_Email);
+  this->bindAs(7);
+  EXPECT_EQ(this->job(this->name()).value(u"Tipo", u"Codice"), u"3");
+}
+
+TYPED_TEST(WrappingDocumentTest, DocumentSetEarlyIsTheOneThatIsLoaded) {
+  for (const TextView kind : {u"[Tipo]\nCodice=2\n", u"[Altro]\n"}) {
+    TypeParam other;
+    other.ImpostaDocumento(vdt_Fax);
+    writeJobFile(this->folder.file(this->name()), Text(kind) + u"[Proprieta]\nUtente=MR\n");
+    other.Carica(this->folder.path(), this->name());
+    EXPECT_EQ(other.Documento().index(), 1u);
+    EXPECT_EQ(other.Proprieta().Utente.get(), u"MR");
+  }
+}
+
+TYPED_TEST(WrappingDocumentTest, DocumentBoundByItselfIsNotBoundAgain) {
+  this->wrapping.ImpostaDocumento(vdt_Fax);
+  std::get<std::shared_ptr<VqDocFax>>(this->wrapping.Documento())->Inizializza(u"7", this->folder.path());
+  EXPECT_EQ(errorOf([&] { this->bindAs(1); }), 445);
+  EXPECT_FALSE(this->wrapping.Inizializzato.get());
+}
+
+TYPED_TEST(WrappingDocumentTest, StoredKindIsRoundedHalvesToEven) {
+  this->load(u"[Tipo]\nCodice=2.5\n");
+  EXPECT_EQ(this->innerKind(), 2);
+}
+
+TYPED_TEST(WrappingDocumentTest, QueueSetBeforeLoadingIsTheFilesAfterIt) {
+  this->wrapping.Coda.Codice = 2;
+  this->load(u"[Tipo]\nCodice=2\n");
+  EXPECT_EQ(this->wrapping.Coda.Codice.number(), 0);
+  EXPECT_EQ(this->wrapping.Coda.DataElaborazione.get(), Date{});
+}
+
 TYPED_TEST(WrappingDocumentTest, JobFileHasTheWrappingExtensionWhateverTheKind) {
   for (const std::int32_t kind : kKinds) {
     TypeParam other;
@@ -120,9 +156,24 @@ TYPED_TEST(WrappingDocumentTest, FolderEmptyOrMissingRaises76AndMakesNoDocument)
   EXPECT_EQ(this->innerKind(), 0);
 }
 
+TYPED_TEST(WrappingDocumentTest, FolderIsLookedAtBeforeKindAndName) {
+  EXPECT_EQ(errorOf([&] { this->wrapping.Inizializza(u"55", vdt_Sconosciuto, u""); }), 76);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Carica(u"", u""); }), 76);
+  this->bindAs(1);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Inizializza(u"55", vdt_Sconosciuto, u""); }), 445);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Carica(u"", u""); }), 445);
+}
+
 TYPED_TEST(WrappingDocumentTest, LoadingOfAFileEmptyOrMissingRaises53) {
   EXPECT_EQ(errorOf([&] { this->wrapping.Carica(this->folder.path(), u""); }), 53);
   EXPECT_EQ(errorOf([&] { this->wrapping.Carica(this->folder.path(), u"manca"); }), 53);
+}
+
+TYPED_TEST(WrappingDocumentTest, TextsThatNameNoFileAreMissingFoldersAndFiles) {
+  const Text none(u"a\0b", 3);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Inizializza(u"55", vdt_Fax, none); }), 76);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Carica(none, u"a"); }), 76);
+  EXPECT_EQ(errorOf([&] { this->wrapping.Carica(this->folder.path(), none); }), 53);
 }
 
 TYPED_TEST(WrappingDocumentTest, BindingOfTheUnknownKindRaises445) {
@@ -212,6 +263,13 @@ TEST_F(VqDocPubblicazioneTest, NameChangedWithoutSalvaIsLostOnLoading) {
   VqDocPbl again;
   again.Carica(folder.path(), u"9.vqpb");
   EXPECT_EQ(again.Pubblicazione.FilePbl.File(), u"C:\\P\\p.html");
+}
+
+TEST_F(VqDocPubblicazioneTest, FileThatWasNeverSavedIsEmptyAfterLoading) {
+  VqDocPbl again;
+  again.Pubblicazione.FilePbl = {u"C:\\P", u"p.html"};
+  again.Carica(folder.path(), u"9.vqpb");
+  EXPECT_EQ(again.Pubblicazione.FilePbl.File(), u"\\");
 }
 
 TEST_F(VqDocPubblicazioneTest, AttachmentsOfThePublicationAreReadBack) {

@@ -54,5 +54,22 @@ pagina.DistruggiArray
 Dim email: Set email = factory.NuovoDocumentoEmail
 Check "no attachment", 0, email.Allegati.Count
 Check "no such key", False, email.Allegati.Exists("nessuno")
+Dim attached, names, name: name = "uno.txt"
+Check "attached by variable", True, email.Allegati.Add("C:\A", name)
+Check "attached by value", True, email.Allegati.Add("C:\A", "due.txt")
+Check "no name", False, email.Allegati.Add("C:\A", Empty)
+For Each attached In email.Allegati
+  names = names & attached.Nome
+Next
+Check "attached in order", "uno.txtdue.txt", names
+Check "by position", "C:\A\uno.txt", email.Allegati.Item(0).File
+Check "by position as text", "due.txt", email.Allegati.Item("1").Nome
+Check "by full name", "due.txt", email.Allegati.Item("C:\A\due.txt").Nome
+Dim key
+For Each key In Array("01", -1, 2, True, Empty, Null, CDate(0))
+  Check "nothing by " & TypeName(key), True, email.Allegati.Item(key) Is Nothing
+Next
+email.Allegati.Remove "0"
+Check "removed", 1, email.Allegati.Count
 If failures = 0 Then WScript.Echo "PASSED"
 WScript.Quit failures

@@ -46,6 +46,26 @@ Expect "too few arguments", 450, "", ""
 stampa.Pagine.Add factory
 Expect "wrong class", 13, "", ""
 
+Dim email: Set email = factory.NuovoDocumentoEmail
+ignored = email.Allegati.Add("C:\A", "uno.txt")
+ignored = email.Allegati.Add("c:\a", "UNO.TXT")
+Expect "attached twice", 457, kSource, "This key is already associated with an element of this collection"
+email.Allegati.Remove 1
+Expect "no position", 9, kSource, "Subscript out of range"
+email.Allegati.Remove "uno.txt"
+Expect "no full name", 5, kSource, "Invalid procedure call or argument"
+email.Messaggio.Nota(30) = "x"
+Expect "no such line", 9, kSource, "Subscript out of range"
+ignored = email.Messaggio.Nota(-1)
+Expect "no line below zero", 9, kSource, "Subscript out of range"
+Dim cover: Set cover = factory.NuovoDocumentoFax.Frontespizio
+cover.Nota(10) = "x"
+Expect "no such cover line", 9, kSource, "Subscript out of range"
+cover.Nota(256) = "x"
+Expect "index is a byte", 6, "", ""
+ignored = cover.Nota(-1)
+Expect "index is no negative byte", 6, "", ""
+
 Set factory = Nothing
 stampa.Stampante = "Laser"
 Expect "no factory", 91, kSource, "Object variable or With block variable not set"
