@@ -57,7 +57,6 @@ void Document::Carica(TextView Percorso, TextView NomeFile) {
     bindAndLoad(file_, Proprieta);
     loadFields(*file_);
     loadComponents(file_);
-    bind(file_, Pagine);
   });
   Inizializzato = true;
 }

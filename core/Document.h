@@ -45,8 +45,8 @@ class Document : public Fields, protected Owner {
  protected:
   explicit Document(const DocumentKind& kind) : Fields(kind.section), kind_(kind) {}
 
-  /// The components of the kind, in the order of binding, of loading and of the XML. `Pagine` is bound by the
-  /// base, last.
+  /// The components of the kind, in the order of binding, of loading and of the XML. `Pagine` come last, in
+  /// binding by the base; what loading reads of them is the kind's to say.
   virtual void bindComponents(const std::shared_ptr<JobFile>& file) = 0;
   virtual void loadComponents(const std::shared_ptr<JobFile>& file) = 0;
   virtual void renderComponents(XmlWriter& xml) const = 0;

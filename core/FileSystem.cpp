@@ -20,6 +20,16 @@ fs::path pathOf(TextView published) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
+// Whatever bytes or units the system keeps; for those that are no text, a name that leads to nothing.
+template <class Native>
+Text publishedName(const Native& name) {
+  if constexpr (sizeof(typename Native::value_type) == 1) {
+    return fromUtf8(name);
+  } else {
+    return Text(name.begin(), name.end());
+  }
+}
+
 PathKind kindOfNamed(TextView published) {
   try {
     return kindOf(nativePath(published));
@@ -61,9 +71,8 @@ class SystemFileSystem : public FileSystem {
     std::error_code failure;
     for (fs::directory_iterator entry(pathOf(folder), failure), end; !failure && entry != end;
          entry.increment(failure)) {
-      const auto path = entry->path().u8string();
-      if (kindOf({path.begin(), path.end()}) == PathKind::File)
-        names.push_back(entry->path().filename().u16string());
+      Text name = publishedName(entry->path().filename().native());
+      if (fileExists(joinPath(folder, name))) names.push_back(std::move(name));
     }
     if (failure) raise(failure);
     std::sort(names.begin(), names.end());

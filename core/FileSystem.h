@@ -25,7 +25,8 @@ class FileSystem {
   /// where `from` is missing, 76 where the folder of `to` is, else 70, 61, 75 or 57 by cause.
   virtual void copyFile(TextView from, TextView to) const = 0;
 
-  /// Names (without the folder) of the folder's files, in the order of their units.
+  /// Names (without the folder) of the folder's files, in the order of their units. A file whose name is no
+  /// text, or leads elsewhere when published, is left out.
   virtual std::vector<Text> files(TextView folder) const = 0;
 
   /// The first `most` bytes of a file. Error 53 where it is missing.

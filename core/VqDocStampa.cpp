@@ -24,6 +24,7 @@ void VqDocStampa::bindComponents(const std::shared_ptr<JobFile>& file) {
 void VqDocStampa::loadComponents(const std::shared_ptr<JobFile>& file) {
   bindAndLoad(file, Coda, Dimensione, Orientamento, Alimentazione, Pinzatura, FronteRetro, Fascicolazione,
               LayoutPagina, Diretta, Collegati);
+  bind(file, Pagine);  // clients read limits and state together with the pages
 }
 
 void VqDocStampa::renderComponents(XmlWriter& xml) const {

@@ -23,7 +23,7 @@ void VqDocEmail::bindComponents(const std::shared_ptr<JobFile>& file) {
 
 void VqDocEmail::loadComponents(const std::shared_ptr<JobFile>& file) {
   bindAndLoad(file, Account, A, Cc, Ccn, Messaggio, Coda, Dimensione, Orientamento, LayoutPagina, Cedolino,
-              Allegati, Collegati, Trasmissione);
+              Allegati, Collegati, Trasmissione, Pagine);
 }
 
 void VqDocEmail::renderComponents(XmlWriter& xml) const {

@@ -25,7 +25,7 @@ void VqDocFax::loadComponents(const std::shared_ptr<JobFile>& file) {
   bindAndLoad(file, NumeroFax, Coda, Dimensione);
   Dimensione.Codice = vdd_A4;
   bindAndLoad(file, Orientamento, LayoutPagina, Trasmissione, Frontespizio, Cedolino, Collegati, Account,
-              Allegati);
+              Allegati, Pagine);
 }
 
 void VqDocFax::renderComponents(XmlWriter& xml) const {

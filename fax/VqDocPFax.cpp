@@ -22,7 +22,7 @@ void VqDocPFax::bindComponents(const std::shared_ptr<JobFile>& file) {
 void VqDocPFax::loadComponents(const std::shared_ptr<JobFile>& file) {
   bindAndLoad(file, NumeroFax, Coda, Dimensione);
   Dimensione.Codice = vdd_A4;
-  bindAndLoad(file, Orientamento, Trasmissione, Frontespizio, Cedolino, Collegati, Account);
+  bindAndLoad(file, Orientamento, Trasmissione, Frontespizio, Cedolino, Collegati, Account, Pagine);
 }
 
 void VqDocPFax::renderComponents(XmlWriter& xml) const {

@@ -9,18 +9,18 @@ namespace {
 struct KindRow {
   const char16_t *extension, *linked;
   std::int32_t type;
-  bool alwaysA4;
+  bool alwaysA4, readsPages;
 };
 template <class Kind>
 constexpr KindRow kRow{};
 template <>
-constexpr KindRow kRow<VqDocStampa>{u".vqs", u".lvq", 2, false};
+constexpr KindRow kRow<VqDocStampa>{u".vqs", u".lvq", 2, false, false};
 template <>
-constexpr KindRow kRow<VqDocFax>{u".vqf", u".ldf", 1, true};
+constexpr KindRow kRow<VqDocFax>{u".vqf", u".ldf", 1, true, true};
 template <>
-constexpr KindRow kRow<VqDocPFax>{u".vqpf", u".ldf", 4, true};
+constexpr KindRow kRow<VqDocPFax>{u".vqpf", u".ldf", 4, true, true};
 template <>
-constexpr KindRow kRow<VqDocEmail>{u".vqe", u".lde", 3, false};
+constexpr KindRow kRow<VqDocEmail>{u".vqe", u".lde", 3, false, true};
 
 template <class Kind>
 class DocumentBindingTest : public JobTest {
@@ -182,9 +182,18 @@ TYPED_TEST(DocumentBindingTest, ErrorInBindingLeavesTheDocumentHalfBound) {
   EXPECT_EQ(this->document.Proprieta.FileIntestazione.Nome, this->name());
 }
 
-TYPED_TEST(DocumentBindingTest, PagesAreBoundButNotReadByLoading) {
-  this->load(u"[Pagine]\nMassimaAltezzaPagina=5\n");
-  EXPECT_EQ(this->document.Pagine.MaxAltezzaPagina.get(), 0);
+TYPED_TEST(DocumentBindingTest, LimitsAndStateOfThePagesAreReadByLoadingButForPrintJobs) {
+  this->folder.write(u"a.dpg", "");
+  this->load(u"[Pagine]\nMassimaAltezzaPagina=5\nCopieDelegabili=-1\n[Stato]\nCodice=1\n");
+  const VqDocPagine& pages = this->document.Pagine;
+  EXPECT_EQ(pages.MaxAltezzaPagina.get(), this->row.readsPages ? 5 : 0);
+  EXPECT_EQ(pages.CopieDelegabili.get(), this->row.readsPages);
+  EXPECT_EQ(pages.Stato.Codice.number(), this->row.readsPages ? 1 : 0);
+  EXPECT_EQ(pages.Count(), 0);
+}
+
+TYPED_TEST(DocumentBindingTest, PagesAreBoundByLoading) {
+  this->load(u"[Altro]\n");
   this->document.Pagine.MaxLarghezzaPagina = 8;
   this->document.Pagine.Stato.PagineScomposte = 2;
   EXPECT_EQ(this->job(u"job.ini").value(u"Pagine", u"MassimaLarghezzaPagina"), u"8");

@@ -119,6 +119,13 @@ TEST_F(FileSystemTest, ListsOnlyLinksThatLeadToFiles) {
   EXPECT_EQ(files->files(folder.path()), (std::vector<Text>{u"buono", u"vero"}));
 }
 
+TEST_F(FileSystemTest, ListsNoFileThatItsNameDoesNotLeadTo) {
+  for (const char* name : {"\xFF.dpg", "\xED\xA0\x80.dpg", "a\\b.dpg", "c.dpg"}) {
+    std::ofstream(folder.native() / name).put('x');
+  }
+  EXPECT_EQ(files->files(folder.path()), (std::vector<Text>{u"c.dpg"}));
+}
+
 TEST_F(FileSystemTest, RaisesPathNotFoundForTheListOfAMissingFolder) {
   EXPECT_EQ(errorOf([&] { files->files(folder.file(u"nessuna")); }), 76);
 }

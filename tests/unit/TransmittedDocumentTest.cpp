@@ -44,6 +44,22 @@ TYPED_TEST(TransmittedFaxTest, TextsAreReadUpTo255Characters) {
   EXPECT_EQ(again.Oggetto.get(), Text(255, u'o'));
 }
 
+TYPED_TEST(TransmittedFaxTest, TextsSetBeforeLoadingAreGone) {
+  this->fax.Oggetto = u"o";
+  this->fax.Destinatario = u"d";
+  writeJobFile(this->folder.file(u"job"), u"[Fax]\nDestinatario=x\n");
+  this->fax.Carica(this->folder.path(), u"job");
+  EXPECT_EQ(this->fax.Oggetto.get() + this->fax.Destinatario.get(), u"x");
+}
+
+TYPED_TEST(TransmittedFaxTest, TextsGoToTheFileThatTheHeaderNames) {
+  this->bindDocument();
+  this->fax.Proprieta.FileIntestazione.Nome = u"altro";
+  this->fax.Oggetto = u"o";
+  this->fax.NumeroFax.Numero = u"06";
+  EXPECT_EQ(this->job(u"altro").lines(), u"[Fax]\nOggetto=o\n");
+}
+
 TYPED_TEST(TransmittedFaxTest, NextAttemptIsGoneAfterLoadingAndTheStartStays) {
   this->bindDocument();
   this->fax.Trasmissione.ProssimoTentativo = Date{39805};

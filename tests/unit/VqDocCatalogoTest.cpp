@@ -74,6 +74,19 @@ TEST_F(VqDocCatalogoTest, FewerPiecesLeaveTheOtherBytes) {
   EXPECT_EQ(catalog.StrAscCompressoOn(), u"001;002;009;009;009;009;009;");
 }
 
+TEST_F(VqDocCatalogoTest, EmptyTextLeavesAllBytes) {
+  catalog.CompressoOn(0) = 9;
+  load(u"[CatalogoDestinazione]\nCompressoOn=\n");
+  EXPECT_EQ(catalog.StrAscCompressoOn(), u"009;000;000;000;000;000;000;");
+}
+
+TEST_F(VqDocCatalogoTest, PiecesPast255CharactersAreNotRead) {
+  load(u"[CatalogoDestinazione]\nCompressoOn=1;" + Text(252, u'0') + u"2;3;4;\n");
+  EXPECT_EQ(catalog.StrAscCompressoOn(), u"001;000;000;000;000;000;000;");
+  load(u"[CatalogoDestinazione]\nCompressoOn=1;" + Text(251, u'0') + u"2;3;4;\n");
+  EXPECT_EQ(catalog.StrAscCompressoOn(), u"001;002;000;000;000;000;000;");
+}
+
 TEST_F(VqDocCatalogoTest, PieceAfterTheSeventhSemicolonMayBeAnything) {
   load(u"[CatalogoDestinazione]\nCompressoOn=1;2;3;4;5;6;7;8\n");
   EXPECT_EQ(catalog.StrAscCompressoOn(), u"001;002;003;004;005;006;007;");
@@ -95,6 +108,7 @@ INSTANTIATE_TEST_SUITE_P(Catalog, BadCodeTest,
                          testing::Values(BadCode{"WordIsTypeMismatch", u"1;due;3;", 13},
                                          BadCode{"EmptyPieceIsTypeMismatch", u"1;;3;", 13},
                                          BadCode{"NumberAboveAByteIsOverflow", u"256;", 6},
+                                         BadCode{"HalfAboveAByteIsOverflow", u"255.5;", 6},
                                          BadCode{"NegativeNumberIsOverflow", u"-1;", 6},
                                          BadCode{"EighthPieceIsSubscriptOutOfRange", u"1;2;3;4;5;6;7;8;", 9}),
                          [](const auto& test) { return test.param.rule; });

@@ -62,6 +62,15 @@ TEST_F(VqDocDirettaTest, FileReferenceStaysWhereNoFileIsPrepared) {
   EXPECT_EQ(direct.FileDiretto.File(), u"C:\\Prima\\x.vqd");
 }
 
+TEST_F(VqDocDirettaTest, FileReferenceStaysWhereTheIdCanNameNoFile) {
+  direct.FileDiretto = {u"C:\\Prima", u"x.vqd"};
+  for (const TextView id : {u"a\xD800", u"a\u241B0000b"}) {
+    load(u"[Proprieta]\nId=" + Text(id) + u"\n[Diretta]\nRigheBianche=4\n");
+    EXPECT_EQ(direct.FileDiretto.File(), u"C:\\Prima\\x.vqd");
+    EXPECT_EQ(direct.RigheBianche.get(), 4);
+  }
+}
+
 TEST_F(VqDocDirettaTest, CatalogIsLoadedWithAndWithoutThePreparedFile) {
   folder.write(u"9\\9.vqd", "");
   load(u"[Proprieta]\nId=9\n[CatalogoDestinazione]\nCustomCOff=1;1;1;1;1;1;1;\n");

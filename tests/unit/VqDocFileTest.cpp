@@ -75,6 +75,8 @@ TEST_F(ReadStreamTest, GivesNothingForAnEmptyFile) {
 
 TEST_F(ReadStreamTest, RaisesFileNotFoundForAMissingFile) {
   EXPECT_EQ(errorOf([&] { file.ReadStream(); }), 53);
+  file.Nome = u"\xD800";
+  EXPECT_EQ(errorOf([&] { file.ReadStream(); }), 53);
 }
 
 TEST_F(ReadStreamTest, RaisesInvalidCallForANegativeCount) {

@@ -171,6 +171,22 @@ TEST_F(VqDocPaginaTest, NumberThatDoesNotFitIsAnOverflow) {
   EXPECT_EQ(errorOf([&] { loadedFrom(u"[Proprieta]\nRighePagina=3000000000\n"); }), 6);
 }
 
+TEST_F(VqDocPaginaTest, LanguageWithoutADescriptionIsAnOverflowInSavingAndInLoading) {
+  page.RighePagina = 66;
+  EXPECT_EQ(errorOf([&] { page.Lingua.Codice = INT32_MAX; }), 6);
+  EXPECT_EQ(errorOf([&] { page.Salva(); }), 6);
+  EXPECT_EQ(job(u"p001.dpg").lines(u"Lingua"), u"[Lingua]\nCodice=2147483647\n");
+  EXPECT_EQ(job(u"p001.dpg").value(u"Proprieta", u"RighePagina"), u"66");
+  EXPECT_FALSE(job(u"p001.dpg").hasSection(u"FileUtente"));
+  EXPECT_EQ(errorOf([&] { loadedPage(); }), 6);
+}
+
+TEST_F(VqDocPaginaTest, CodesOfNoMemberAreKept) {
+  const auto again = loadedFrom(u"[Proprieta]\nTipo=-7\n[Validita]\nCodice=255\n");
+  EXPECT_EQ(static_cast<std::int32_t>(again->Tipo), -7);
+  EXPECT_EQ(static_cast<std::int32_t>(again->Validita), 255);
+}
+
 TEST_F(VqDocPaginaTest, DistruggiArrayEmptiesAllThree) {
   page.ArrayTxt = {u"a", 1};
   page.ArrayScriptA = {true};

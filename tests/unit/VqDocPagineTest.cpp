@@ -82,6 +82,19 @@ TEST_F(VqDocPagineTest, RemoveLastRemovesThePageBeforeTheLast) {
   EXPECT_EQ(numbers(), (Numbers{1, 3}));
 }
 
+TEST_F(VqDocPagineTest, RemoveLastOfTwoPagesLeavesTheSecond) {
+  add(2);
+  pages.RemoveLast();
+  EXPECT_EQ(numbers(), (Numbers{2}));
+}
+
+TEST_F(VqDocPagineTest, APageAddedTwiceStandsTwiceUnderItsLastNumber) {
+  const auto page = pages.Nuova();
+  pages.Add(page);
+  pages.Add(page);
+  EXPECT_EQ(numbers(), (Numbers{2, 2}));
+}
+
 TEST_F(VqDocPagineTest, PageAddedAfterARemovalTakesTheCountPlusOne) {
   add(3);
   pages.RemoveLast();
@@ -109,7 +122,10 @@ TEST_F(VqDocPagineTest, RemoveAllEmptiesTheCollection) {
 }
 
 TEST_F(VqDocPagineTest, CaricaLoadsFilesThatEndInDpgInLowerCaseOnly) {
-  for (const char16_t* name : {u"a.dpg", u"b.DPG", u"c.txt", u"d.Dpg"}) folder.write(name, "");
+  for (const char16_t* name : {u"a.dpg", u"b.DPG", u"c.txt", u"d.Dpg", u"edpg", u"f.dpg.tmp"}) {
+    folder.write(name, "");
+  }
+  folder.write(u"g.dpg\\h.txt", "");
   pages.Carica(folder.path());
   ASSERT_EQ(pages.Count(), 1);
   EXPECT_EQ(pages.Item(1)->FileIntestazione.File(), folder.file(u"a.dpg"));
@@ -144,7 +160,7 @@ TEST_F(VqDocPagineTest, CaricaOfAMissingFolderStillLoadsLimitsAndState) {
 
 TEST_F(VqDocPagineTest, CaricaOfAMissingFolderKeepsThePages) {
   add(2);
-  pages.Carica(folder.file(u"manca"));
+  for (const TextView missing : {u"manca", u"\xD800"}) pages.Carica(folder.file(missing));
   EXPECT_EQ(pages.Count(), 2);
 }
 
@@ -153,6 +169,24 @@ TEST_F(VqDocPagineTest, CaricaFromAJobFileWithoutTheSectionGivesTheDefaults) {
   writeJobFile(jobName(), u"[Altro]\n");
   pages.Carica(folder.path());
   EXPECT_EQ(pages.MaxAltezzaPagina.get(), 0);
+}
+
+TEST_F(VqDocPagineTest, CaricaKeepsThePagesBeforeOneThatCannotBeRead) {
+  folder.write(u"a.dpg", "");
+  writeJobFile(folder.file(u"b.dpg"), u"[Validita]\nCodice=3000000000\n");
+  folder.write(u"c.dpg", "");
+  EXPECT_EQ(errorOf([&] { pages.Carica(folder.path()); }), 6);
+  EXPECT_EQ(numbers(), (Numbers{1}));
+}
+
+TEST_F(VqDocPagineTest, CaricaWithoutAJobFileGivesTheDefaultsAndThePages) {
+  VqDocPagine unbound;
+  unbound.MaxAltezzaPagina = 5;
+  unbound.Stato.PagineScomposte = 6;
+  folder.write(u"a.dpg", "");
+  unbound.Carica(folder.path());
+  EXPECT_EQ(unbound.MaxAltezzaPagina.get() + unbound.Stato.PagineScomposte.get(), 0);
+  EXPECT_EQ(unbound.Count(), 1);
 }
 
 TEST_F(VqDocPagineTest, FolderOfALoadedPageHasNoBackslashAtItsEnd) {
