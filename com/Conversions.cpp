@@ -155,7 +155,7 @@ VariantArray::Dimension dimensionOf(SAFEARRAY* array, UINT number) {
 VariantArray takeArray(SAFEARRAY* array, int depth) {
   if (depth > kDeepestArray) throw Error(ErrorNumber::OutOfStackSpace);
   VariantArray taken;
-  if (!array) return taken;
+  if (!array || !array->pvData) return taken;
   VARTYPE type = VT_EMPTY;
   if (FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT) throw Failure{DISP_E_TYPEMISMATCH};
   std::size_t count = 1;

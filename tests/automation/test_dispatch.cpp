@@ -214,6 +214,21 @@ TEST_F(Dispatch, AnArrayThatHoldsItselfIsError28) {
   SafeArrayDestroy(array);
 }
 
+// As a client has it that declared the bounds and has not made the items yet.
+TEST_F(Dispatch, AnArrayWithoutItemsIsEmpty) {
+  Ptr<_VqDocPagina> pagina;
+  ASSERT_EQ(S_OK, pagine->Nuova(pagina.out()));
+  SAFEARRAY* array = nullptr;
+  ASSERT_EQ(S_OK, SafeArrayAllocDescriptorEx(VT_VARIANT, 1, &array));
+  array->rgsabound[0] = {3, 0};
+  EXPECT_EQ(S_OK, pagina->put_ArrayTxt(array));
+  EXPECT_EQ(0u, array->cLocks);
+  SAFEARRAY* back = nullptr;
+  EXPECT_EQ(S_OK, pagina->get_ArrayTxt(&back));
+  EXPECT_EQ(nullptr, back);
+  SafeArrayDestroyDescriptor(array);
+}
+
 TEST_F(Dispatch, ArraysKeepTheirBoundsAndForeignValues) {
   Ptr<_VqDocPagina> pagina;
   ASSERT_EQ(S_OK, pagine->Nuova(pagina.out()));
