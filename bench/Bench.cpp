@@ -55,6 +55,12 @@ std::string trimmed(const std::string& text) {
   return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
+double medianOf(std::vector<double>& values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
 }  // namespace
 
 std::string fileSystemOf(Place place) {
@@ -126,10 +132,8 @@ void require(bool holds, const std::string& what) {
 }
 
 Watch::~Watch() {
-  if (taken_.empty()) return;
-  const auto middle = taken_.begin() + static_cast<std::ptrdiff_t>(taken_.size() / 2);
-  std::nth_element(taken_.begin(), middle, taken_.end());
-  state_.counters["median"] = *middle;
+  if (!taken_.empty()) state_.counters["median"] = medianOf(taken_);
+  if (!paired_.empty()) state_.counters["paired"] = medianOf(paired_);
 }
 
 int run(int argc, char** argv) {

@@ -60,7 +60,7 @@ void require(bool holds, const std::string& what);
 
 /// Times operations one by one. Its result, the counter "median" in seconds, is that of the undisturbed
 /// operation even where the machine is shared, since most operations are over before another process gets its
-/// turn.
+/// turn. Where each operation was paired with another, the counter "paired" is that one's median.
 class Watch {
  public:
   explicit Watch(benchmark::State& state) : state_(state) {}
@@ -70,16 +70,27 @@ class Watch {
 
   template <class Work>
   void time(Work&& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-    state_.SetIterationTime(taken.count());
-    taken_.push_back(taken.count());
+    taken_.push_back(secondsOf(work));
+    state_.SetIterationTime(taken_.back());
+  }
+
+  /// Times `other` just before, so that what disturbs a disk for seconds disturbs both.
+  template <class Other, class Work>
+  void timePair(Other&& other, Work&& work) {
+    paired_.push_back(secondsOf(other));
+    time(work);
   }
 
  private:
+  template <class Work>
+  static double secondsOf(Work& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  }
+
   benchmark::State& state_;
-  std::vector<double> taken_;
+  std::vector<double> taken_, paired_;
 };
 
 /// Registers "<topic>/<what>"; `work(state)` is one run.

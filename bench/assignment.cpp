@@ -19,29 +19,27 @@ class Values {
   int count_ = 0;
 };
 
+// Each of them paired with the raw sequence.
 class Assignments {
  public:
   Assignments(const VqDocumenti& factory, Place place)
-      : factory_(factory), folder_(place), where_(fileSystemOf(place) + "/") {
+      : factory_(factory), folder_(place), kind_(fileSystemOf(place)), raw_(folder_.path("raw")) {
     fax_ = fullFax(factory_, folder_.published(), u"1", kAttachments);
     bytes_ = readFile(jobFile());
-    writeFile(folder_.path("raw"), bytes_);
+    writeFile(raw_, bytes_);
     writeForPeers(jobFile(), folder_.path("peer"));
     content_ = contentOf(jobFile());
   }
 
   void addAll() {
-    const std::string raw = folder_.path("raw");
-    addTimed("assignment/" + where_ + "raw", [=, this] { replaceRaw(raw, bytes_.data(), bytes_.size()); });
-    addOurs("orvane", false);
+    addRaw(kind_, false);
+    addOurs(kind_, false);
     for (const IniPeer& peer : iniPeers()) addPeer(peer);
   }
 
   void addFlushed() {
-    const std::string raw = folder_.path("raw");
-    addTimed("assignment/" + where_ + "raw flushed",
-             [=, this] { replaceRaw(raw, bytes_.data(), bytes_.size(), true); });
-    addOurs("orvane flushed", true);
+    addRaw(kind_ + " flushed", true);
+    addOurs(kind_ + " flushed", true);
   }
 
  private:
@@ -53,41 +51,45 @@ class Assignments {
     require(contentOf(path) == expected, path + " holds all values and the new one");
   }
 
-  void addOurs(const std::string& name, bool flushed) {
-    add("assignment/" + where_ + name, [=, this](benchmark::State& state) {
+  void raw(bool flushed) const { replaceRaw(raw_, bytes_.data(), bytes_.size(), flushed); }
+
+  void addRaw(const std::string& kind, bool flushed) {
+    addTimed("assignment/" + kind + "/raw", [this, flushed] { raw(flushed); });
+  }
+
+  void addOurs(const std::string& kind, bool flushed) {
+    add("assignment/" + kind + "/orvane", [this, flushed](benchmark::State& state) {
       factory_.flushEveryWrite(flushed);
-      Values values;
-      Text value;
-      {
-        Watch watch(state);
-        for (auto _ : state) {
-          value = fromUtf8(values.next());
-          watch.time([&] { fax_->Oggetto = value; });
-        }
-      }
+      timeAll(state, jobFile(), flushed,
+              [this](const std::string& value) { fax_->Oggetto = fromUtf8(value); });
       factory_.flushEveryWrite(false);
-      verify(jobFile(), toUtf8(value));
     });
   }
 
   void addPeer(const IniPeer& peer) {
-    add("assignment/" + where_ + peer.name, [this, peer](benchmark::State& state) {
-      Values values;
-      std::string value;
-      {
-        Watch watch(state);
-        for (auto _ : state) {
-          value = values.next();
-          watch.time([&] { peer.assign(folder_.path("peer"), kKey, value); });
-        }
-      }
-      verify(folder_.path("peer"), value);
+    add("assignment/" + kind_ + "/" + peer.name, [this, peer](benchmark::State& state) {
+      const std::string file = folder_.path("peer");
+      timeAll(state, file, false, [&](const std::string& value) { peer.assign(file, kKey, value); });
     });
+  }
+
+  template <class Assign>
+  void timeAll(benchmark::State& state, const std::string& file, bool flushed, Assign assign) {
+    Values values;
+    std::string value;
+    {
+      Watch watch(state);
+      for (auto _ : state) {
+        value = values.next();
+        watch.timePair([&] { raw(flushed); }, [&] { assign(value); });
+      }
+    }
+    verify(file, value);
   }
 
   const VqDocumenti& factory_;
   Folder folder_;
-  std::string where_;
+  std::string kind_, raw_;
   std::shared_ptr<VqDocFax> fax_;
   std::string bytes_;
   std::map<Key, std::string> content_;
