@@ -135,6 +135,7 @@ class PageWidth : public Code<enmVqDocFaxTrasmissionePageWidth> {
   PageWidth& operator=(std::int32_t code) { return keep(code), *this; }
   PageWidth& operator=(const PageWidth& other) { return *this = other.get(); }
   friend bool operator==(const PageWidth& a, enmVqDocFaxTrasmissionePageWidth b) { return a.get() == b; }
+  friend bool operator==(const PageWidth& a, const PageWidth& b) { return a.get() == b.get(); }
 };
 
 /// Width and length of a fax page.

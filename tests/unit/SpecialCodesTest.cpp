@@ -95,6 +95,14 @@ TEST_F(FaxPage, WritesTheWidthWhenAnotherTakesIt) {
   EXPECT_EQ(job().value(u"FaxTrasmissione_Pagina", u"CodiceLarghezza"), u"3");
 }
 
+TEST_F(FaxPage, WritesTheWidthWhenItIsComparedWithAnother) {
+  bind(pagina);
+  pagina.CodiceWidth = vdftpw_2048;
+  const VqDocFaxPagina other;
+  EXPECT_TRUE(other.CodiceWidth != pagina.CodiceWidth);
+  EXPECT_EQ(job().value(u"FaxTrasmissione_Pagina", u"CodiceLarghezza"), u"3");
+}
+
 TEST_F(FaxPage, OverflowsWhenAWidthNearTheLargestIsReadButWritesIt) {
   bind(pagina);
   EXPECT_EQ(errorOf([&] { pagina.CodiceWidth = 2147483647; }), 0);
