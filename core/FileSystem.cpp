@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 #include "core/Error.h"
 #include "core/PathKind.h"
@@ -20,11 +21,13 @@ fs::path pathOf(TextView published) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
-// Whatever bytes or units the system keeps; for those that are no text, a name that leads to nothing.
+// The name by which the library can find that file again, if there is one.
 template <class Native>
-Text publishedName(const Native& name) {
+std::optional<Text> publishedName(const Native& name) {
   if constexpr (sizeof(typename Native::value_type) == 1) {
-    return fromUtf8(name);
+    Text text = fromUtf8(name);
+    if (toUtf8(text) != name || text.find(u'\\') != Text::npos) return std::nullopt;
+    return text;
   } else {
     return Text(name.begin(), name.end());
   }
@@ -71,8 +74,8 @@ class SystemFileSystem : public FileSystem {
     std::error_code failure;
     for (fs::directory_iterator entry(pathOf(folder), failure), end; !failure && entry != end;
          entry.increment(failure)) {
-      Text name = publishedName(entry->path().filename().native());
-      if (fileExists(joinPath(folder, name))) names.push_back(std::move(name));
+      auto name = publishedName(entry->path().filename().native());
+      if (name && fileExists(joinPath(folder, *name))) names.push_back(std::move(*name));
     }
     if (failure) raise(failure);
     std::sort(names.begin(), names.end());

@@ -120,10 +120,11 @@ TEST_F(FileSystemTest, ListsOnlyLinksThatLeadToFiles) {
 }
 
 TEST_F(FileSystemTest, ListsNoFileThatItsNameDoesNotLeadTo) {
-  for (const char* name : {"\xFF.dpg", "\xED\xA0\x80.dpg", "a\\b.dpg", "c.dpg"}) {
+  folder.write(u"a\\b.dpg", "x");
+  for (const char* name : {"\xFF.dpg", "\xED\xA0\x80.dpg", "a\\b.dpg", "c.dpg", "\xEF\xBF\xBD.dpg"}) {
     std::ofstream(folder.native() / name).put('x');
   }
-  EXPECT_EQ(files->files(folder.path()), (std::vector<Text>{u"c.dpg"}));
+  EXPECT_EQ(files->files(folder.path()), (std::vector<Text>{u"c.dpg", u"\uFFFD.dpg"}));
 }
 
 TEST_F(FileSystemTest, RaisesPathNotFoundForTheListOfAMissingFolder) {
