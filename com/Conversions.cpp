@@ -155,9 +155,10 @@ VariantArray::Dimension dimensionOf(SAFEARRAY* array, UINT number) {
 VariantArray takeArray(SAFEARRAY* array, int depth) {
   if (depth > kDeepestArray) throw Error(ErrorNumber::OutOfStackSpace);
   VariantArray taken;
-  if (!array || !array->pvData) return taken;
+  if (!array) return taken;
   VARTYPE type = VT_EMPTY;
   if (FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT) throw Failure{DISP_E_TYPEMISMATCH};
+  if (!array->pvData) return taken;
   std::size_t count = 1;
   for (UINT number = 1; number <= SafeArrayGetDim(array); ++number) {
     taken.dimensions.push_back(dimensionOf(array, number));
