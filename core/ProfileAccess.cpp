@@ -21,7 +21,7 @@ void ProfileAccess::keep(const std::shared_ptr<JobFile>& file) {
   files_[file->fullName()] = file;
   if (files_.size() <= sweepAt_) return;
   std::erase_if(files_, [](const auto& item) { return item.second.expired(); });
-  sweepAt_ = std::max<std::size_t>(64, 2 * files_.size());
+  sweepAt_ = std::max(kLeastSweep, 2 * files_.size());
 }
 
 std::shared_ptr<JobFile> ProfileAccess::find(const Text& fullName) const {

@@ -62,7 +62,9 @@ class ProfileAccess {
   std::shared_ptr<JobFile> make(const Text& fullName) const;
 
   std::unordered_map<Text, std::weak_ptr<JobFile>> files_;
-  std::size_t sweepAt_ = 64;  // the table of names is cleared of released files when it grows past this
+  // The table of names is cleared of released files when it grows past this.
+  static constexpr std::size_t kLeastSweep = 64;
+  std::size_t sweepAt_ = kLeastSweep;
   bool flushEveryWrite_ = false;
 };
 

@@ -14,6 +14,24 @@ class ProfileAccessTest : public JobTest {
   void store(TextView value) const { writeJobFile(jobName(), u"[S]\nK=" + Text(value) + u'\n'); }
 };
 
+TEST_F(ProfileAccessTest, KeepsNothingOfAFileLookedAtUntilItIsKept) {
+  const Text name = folder.file(u"altro.vqs");
+  const auto looked = access.probe(name);
+  EXPECT_NE(access.probe(name), looked);
+  access.keep(looked);
+  EXPECT_EQ(access.probe(name), looked);
+  EXPECT_EQ(access.open(name), looked);
+}
+
+TEST_F(ProfileAccessTest, SharesTheFileOfALoadedDocument) {
+  VqDocStampa document;
+  EXPECT_EQ(errorOf([&] { document.Carica(folder.path(), u"altro.vqs"); }), 53);
+  writeJobFile(folder.file(u"altro.vqs"), u"[Stampa]\nNumero=7\n");
+  document.Carica(folder.path(), u"altro.vqs");
+  const auto shared = access.probe(folder.file(u"altro.vqs"));
+  EXPECT_EQ(access.probe(folder.file(u"altro.vqs")), shared);
+}
+
 TEST_F(ProfileAccessTest, GivesTheDefaultForAKeyNeverWritten) {
   EXPECT_EQ(access.LeggiTesto(*file, u"S", u"K", u"x"), u"x");
   EXPECT_EQ(access.LeggiNumero(*file, u"S", u"K", 1.5), 1.5);

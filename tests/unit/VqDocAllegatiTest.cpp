@@ -141,7 +141,8 @@ TEST_F(VqDocAllegatiTest, SalvaBeforeBindingWritesNowhere) {
   VqDocAllegati unbound;
   unbound.Add(u"C:\\A", u"uno.txt");
   unbound.Salva();
-  EXPECT_TRUE(folder.files().empty());
+  bind(unbound);
+  EXPECT_EQ(job().lines(), u"");
 }
 
 TEST_F(VqDocAllegatiTest, StoredListIsReadUpToItsNumber) {
