@@ -33,7 +33,7 @@ class WrappingDocument : protected Owner {
   ReadOnly<bool, WrappingDocument> Inizializzato;  ///< bound to a job file
 
   /// Load the kind that section "Tipo" names, then what the wrapping adds. Errors 445, 76 and 53 as for every
-  /// document; 91 where the file names no kind and there is no inner document yet.
+  /// document, 445 for `vdt_Sconosciuto`; 91 where the file names no kind and there is no inner document yet.
   void Carica(TextView Percorso, TextView NomeFile);
 
   /// Bind the inner document, made anew as `Tipo` says if there is none, to the file `Id` with the wrapping
