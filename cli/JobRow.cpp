@@ -118,20 +118,25 @@ std::string JobReader::destinationOf(const JobKind& kind) {
               "-");
 }
 
-std::string JobReader::textAt(Name section, Name key) {
+std::optional<TextView> JobReader::plainAt(Name section, Name key) {
   const auto stored = text_.find(section, key);
-  if (!stored) return {};
-  return toUtf8(plainValue(*stored, room_).substr(0, ProfileAccess::kLongestText));
+  if (!stored) return std::nullopt;
+  return plainValue(*stored, room_);
+}
+
+std::string JobReader::textAt(Name section, Name key) {
+  const auto plain = plainAt(section, key);
+  return plain ? toUtf8(plain->substr(0, ProfileAccess::kLongestText)) : std::string();
 }
 
 std::optional<double> JobReader::numberAt(Name section, Name key) {
-  const auto stored = text_.find(section, key);
-  return stored ? parseNumber(plainValue(*stored, room_)) : std::nullopt;
+  const auto plain = plainAt(section, key);
+  return plain ? parseNumber(*plain) : std::nullopt;
 }
 
 std::int32_t JobReader::codeAt(Name section, Name key) {
-  const auto stored = text_.find(section, key);
-  return stored ? parseLong(plainValue(*stored, room_)).value_or(0) : 0;
+  const auto plain = plainAt(section, key);
+  return plain ? parseLong(*plain).value_or(0) : 0;
 }
 
 const std::string& JobReader::describeCode(const CodeNames& names, std::int32_t code) {

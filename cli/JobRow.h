@@ -51,6 +51,7 @@ class JobReader {
   void fillQueue(JobRow& row);
   void fillResult(JobRow& row);
   std::string destinationOf(const JobKind& kind);
+  std::optional<TextView> plainAt(Name section, Name key);
   std::string textAt(Name section, Name key);
   std::optional<double> numberAt(Name section, Name key);
   std::int32_t codeAt(Name section, Name key);
