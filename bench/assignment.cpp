@@ -60,8 +60,9 @@ class Assignments {
   void addOurs(const std::string& kind, bool flushed) {
     add("assignment/" + kind + "/orvane", [this, flushed](benchmark::State& state) {
       factory_.flushEveryWrite(flushed);
-      timeAll(state, jobFile(), flushed,
-              [this](const std::string& value) { fax_->Oggetto = fromUtf8(value); });
+      timeAll(state, jobFile(), flushed, [this](const std::string& value) {
+        return [this, text = fromUtf8(value)] { fax_->Oggetto = text; };
+      });
       factory_.flushEveryWrite(false);
     });
   }
@@ -69,19 +70,21 @@ class Assignments {
   void addPeer(const IniPeer& peer) {
     add("assignment/" + kind_ + "/" + peer.name, [this, peer](benchmark::State& state) {
       const std::string file = folder_.path("peer");
-      timeAll(state, file, false, [&](const std::string& value) { peer.assign(file, kKey, value); });
+      timeAll(state, file, false,
+              [&](const std::string& value) { return [&] { peer.assign(file, kKey, value); }; });
     });
   }
 
-  template <class Assign>
-  void timeAll(benchmark::State& state, const std::string& file, bool flushed, Assign assign) {
+  // `prepare(value)` gives the assignment that is timed.
+  template <class Prepare>
+  void timeAll(benchmark::State& state, const std::string& file, bool flushed, Prepare prepare) {
     Values values;
     std::string value;
     {
       Watch watch(state);
       for (auto _ : state) {
         value = values.next();
-        watch.timePair([&] { raw(flushed); }, [&] { assign(value); });
+        watch.timePair([&] { raw(flushed); }, prepare(value));
       }
     }
     verify(file, value);
