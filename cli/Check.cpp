@@ -127,7 +127,8 @@ void checkTemporary(const std::string& file, const Report& report) {
   const Stamp stamp = DiskFile(FileName(file).full()).stamp();
   const std::int64_t age = presentTime() - stamp.modified;
   if (stamp.exists && age > kLongestWrite) {
-    report(file, "a temporary that a killed writer left " + std::to_string(age / kSecond) + " seconds ago");
+    report(file, "a temporary " + std::to_string(age / kSecond) +
+                     " seconds old: left by a killed writer, or kept by one that flushes every write");
   }
 }
 

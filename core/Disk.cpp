@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "core/Error.h"
 #include "core/Paths.h"
@@ -52,6 +53,18 @@ DiskFile::DiskFile(TextView fullName) : path_(nativePath(fullName)) {
   if (folderLength(path_) == path_.size()) throw Error(ErrorNumber::BadFileName);
 }
 
+// Whoever has the lock is writing, and removes it himself.
+DiskFile::~DiskFile() {
+  if (!spare_.exists) return;
+  try {
+    if (!folderLock_->tryLock(lockNumber_)) return;
+    removeTemporary();
+    folderLock_->unlock(lockNumber_);
+  } catch (...) {
+    // The next writer of the file removes it.
+  }
+}
+
 JobLock DiskFile::lock() {
   settle();
   if (!folderLock_) folderLock_ = FolderLock::of(folder_);
@@ -70,18 +83,23 @@ void DiskFile::settle() {
 
 DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, bool durable) {
   const std::int64_t modified = timeOfChange(old);
+  const Stamp spare = std::exchange(spare_, {});
   try {
-    writeTemporary(bytes, old, modified, durable);
-    exchange(durable);
+    if (!durable || !writeSpare(spare, bytes, old, modified)) writeTemporary(bytes, old, modified, durable);
+    putInPlace(old, durable);
+    if (durable) flushFolder();
   } catch (...) {
+    spare_ = {};
     removeTemporary();
     throw;
   }
-  if (durable) flushFolder();
+  made_ = {};
   Stamp now;
   if (!tryStamp(now)) return {now, false};
   if (old.exists && now.permissions != old.permissions) keepPermissions(now, old);
-  return {now, now.modified == modified};
+  const bool exact = now.modified == modified;
+  if (exact) made_ = now;
+  return {now, exact};
 }
 
 }  // namespace orvane

@@ -43,6 +43,11 @@ std::int64_t timeOfChange(const Stamp& old);
 class DiskFile {
  public:
   explicit DiskFile(TextView fullName);
+  DiskFile(const DiskFile&) = delete;
+  DiskFile& operator=(const DiskFile&) = delete;
+
+  /// Removes what the last durable `replace` has kept. Raises nothing.
+  ~DiskFile();
 
   /// A missing file or folder gives a stamp with `exists` false; a directory in its place raises 75.
   Stamp stamp() const;
@@ -60,7 +65,8 @@ class DiskFile {
 
   /// Exchanges the file, seen as `old` under the lock that the caller holds, for one that holds `bytes`. At
   /// any instant the name leads to the old content or to the new one. Permissions stay. With `durable` the
-  /// new content and its name are on the device when this returns. On failure the old file is intact.
+  /// new content and its name are on the device when this returns, and the old file may stay under the name
+  /// of a temporary, to be written again by the next durable `replace`. On failure the old file is intact.
   Replaced replace(std::string_view bytes, const Stamp& old, bool durable);
 
   /// Puts the file and its name on the device. A missing file is none to flush.
@@ -71,7 +77,9 @@ class DiskFile {
   void settle();
   bool tryStamp(Stamp& stamp) const noexcept;
   void writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable);
-  void exchange(bool durable);
+  bool writeSpare(const Stamp& spare, std::string_view bytes, const Stamp& old, std::int64_t modified);
+  void putInPlace(const Stamp& old, bool durable);
+  bool exchangeFiles(const Stamp& old);
   void removeTemporary() const noexcept;
   void flushFolder() const;
   void keepPermissions(Stamp& now, const Stamp& old) const noexcept;
@@ -82,6 +90,9 @@ class DiskFile {
   std::string temporary_;  // empty until `settle`
   std::shared_ptr<FolderLock> folderLock_;
   Stamp plain_;  // owner, group and permissions that a new file of this process is known to get
+  Stamp made_;   // the file as the last `replace` has left it
+  Stamp spare_;  // a former file under the temporary's name, to be written again; known not to be the file on
+                 // the device either
 };
 
 /// The byte of the folder's lock file that stands for a file name: FNV-1a, 32 bits, over the UTF-8 of the

@@ -1,11 +1,15 @@
 #include "core/Disk.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
+#include <cstdio>
 
 #include "core/Patience.h"
 #include "core/Retry_posix.h"
@@ -55,6 +59,15 @@ struct stat regular(const struct stat& state) {
   if (!S_ISREG(state.st_mode)) raiseErrno(EISDIR);
   if (state.st_size > kLargestFile) raiseErrno(ENOMEM);
   return state;
+}
+
+// Where all who open a file do it through this system, so that a lease knows of every one of them, and where
+// a folder can be flushed.
+bool isLocal(const std::string& path) {
+  constexpr std::uint32_t kLocal[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, TMPFS_MAGIC};
+  struct statfs system {};
+  return ::statfs(path.c_str(), &system) == 0 &&
+         std::ranges::find(kLocal, static_cast<std::uint32_t>(system.f_type)) != std::end(kLocal);
 }
 
 bool raiseUnlessStale() {
@@ -121,6 +134,12 @@ void writeAll(const Handle& file, std::string_view bytes) {
 
 void synchronise(const Handle& file) {
   if (retryInterrupted([&] { return ::fsync(file.get()); }) != 0) raiseLastSystemError();
+}
+
+// Had only where nobody else has the file open; until it is closed, whoever opens it waits. The system would
+// ask for it back by a signal: by this one, which programs ignore unless they wait for it.
+bool lease(const Handle& file) {
+  return ::fcntl(file.get(), F_SETSIG, SIGURG) == 0 && ::fcntl(file.get(), F_SETLEASE, F_WRLCK) == 0;
 }
 
 // A file system that keeps no such times is found out by the stamp after the replace.
@@ -196,6 +215,7 @@ Stamp DiskFile::read(std::string& bytes) const {
   for (Patience patience(kLongestRace);;) {
     const Handle file(path_, O_RDONLY | O_NONBLOCK);
     bytes.clear();
+    if (!file.isOpen() && errno == EWOULDBLOCK && patience.wait()) continue;  // leased for a moment
     if (!file.isOpen()) {
       if (!isMissing(errno)) raiseUnlessStale();
       // A file taken for missing would be written anew without its values: two calls must agree.
@@ -233,7 +253,48 @@ void DiskFile::keepPermissions(Stamp& now, const Stamp& old) const noexcept {
   if (::chmod(path_.c_str(), old.permissions) == 0) tryStamp(now);
 }
 
-void DiskFile::exchange(bool) {
+// The file before the last one, written in place of a new one: nothing has to be created and nothing to be
+// freed, which is most of what a flushed write costs. Readers that opened it while it was the job file must
+// not see that, nor may a name that somebody else has given it.
+bool DiskFile::writeSpare(const Stamp& spare, std::string_view bytes, const Stamp& old,
+                          std::int64_t modified) {
+  const bool fits = spare.exists && spare.permissions == old.permissions && spare.owner == old.owner &&
+                    spare.group == old.group;
+  if (!fits) return false;
+  Handle file(temporary_, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
+  struct stat state {};
+  if (!file.isOpen() || !lease(file) || ::fstat(file.get(), &state) != 0) return false;
+  if (stampOf(state) != spare) return false;
+  writeAll(file, bytes);
+  if (bytes.size() < spare.size && ::ftruncate(file.get(), static_cast<off_t>(bytes.size())) != 0)
+    raiseLastSystemError();
+  setModified(file, modified);
+  synchronise(file);
+  file.close();
+  return true;
+}
+
+// Only of a file that is as this object made it, so that no other's access rights or links are carried on.
+bool DiskFile::exchangeFiles(const Stamp& old) {
+  if (old != made_ || !isLocal(path_)) return false;
+  const auto exchange = [this] {
+    return ::renameat2(AT_FDCWD, temporary_.c_str(), AT_FDCWD, path_.c_str(), RENAME_EXCHANGE) == 0;
+  };
+  if (!exchange()) return false;
+  struct stat state {};
+  if (::stat(temporary_.c_str(), &state) == 0 && state.st_ino == old.inode && state.st_nlink == 1) {
+    spare_ = stampOf(state);
+  } else if (::unlink(temporary_.c_str()) != 0) {
+    // Another has put a folder there meanwhile.
+    const int failure = errno;
+    exchange();
+    raiseErrno(failure);
+  }
+  return true;
+}
+
+void DiskFile::putInPlace(const Stamp& old, bool durable) {
+  if (durable && exchangeFiles(old)) return;
   if (retryInterrupted([&] { return ::rename(temporary_.c_str(), path_.c_str()); }) != 0)
     raiseLastSystemError();
 }
@@ -253,7 +314,7 @@ void DiskFile::flushFolder() const {
   const Handle folder(folder_.empty() ? "." : folder_, O_RDONLY | O_DIRECTORY);
   if (!folder.isOpen()) raiseLastSystemError();
   // Some network file systems know no flush of a folder.
-  if (::fsync(folder.get()) != 0 && errno != EINVAL && errno != EINTR) raiseLastSystemError();
+  if (retryInterrupted([&] { return ::fsync(folder.get()); }) != 0 && errno != EINVAL) raiseLastSystemError();
 }
 
 }  // namespace orvane

@@ -52,6 +52,13 @@ void FolderLock::lock(std::uint32_t number) {
   mine.release();
 }
 
+bool FolderLock::tryLock(std::uint32_t number) {
+  std::unique_lock mine(used_, std::try_to_lock);
+  if (!mine.owns_lock() || !file_.tryLock(number)) return false;
+  mine.release();
+  return true;
+}
+
 template <class Wait>
 void FolderLock::queueUp(std::uint32_t number, Wait&& wait) {
   LockFile::Place place{placeOfNow()};

@@ -78,6 +78,8 @@ class FolderLock {
 
   /// Waits at most ten seconds, then raises 70.
   void lock(std::uint32_t number);
+  /// One attempt; false where another holds it or queues.
+  bool tryLock(std::uint32_t number);
   void unlock(std::uint32_t number) noexcept;
 
  private:

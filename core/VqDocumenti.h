@@ -37,7 +37,8 @@ class VqDocumenti {
                               const std::shared_ptr<VqDocStampa>& DocDestinazione) const;
 
   /// From now on every assignment of this thread's documents reaches the device before it returns. It costs
-  /// milliseconds each; without it a job is on the device when its document is released.
+  /// milliseconds each; without it a job is on the device when its document is released. On Linux the file
+  /// before the last one may stay beside such a job file, under the name of a temporary, while it is in use.
   void flushEveryWrite(bool on) const;
 
  private:

@@ -9,6 +9,11 @@ namespace orvane::test {
 
 namespace fs = std::filesystem;
 
+Content withoutTemporaries(Content content) {
+  std::erase_if(content, [](const auto& file) { return file.first.ends_with(".tmp"); });
+  return content;
+}
+
 Jobs::Jobs() {
   folder_.write(u"body.txt", "some body\n");
   {
@@ -54,40 +59,49 @@ std::shared_ptr<VqDocStampa> Jobs::load(TextView name) const {
 std::vector<Operation> operations() {
   const auto loadFive = [](Jobs& jobs) { jobs.job = jobs.load(u"5.vqs"); };
   const auto let = [](Jobs& jobs) { jobs.job->Copie = 9; };
-  return {
-      {"Let", loadFive, let},
-      {"FlushedLet",
-       [](Jobs& jobs) {
-         jobs.job = jobs.load(u"5.vqs");
-         Apartment::profileAccess().open(jobs.job->Proprieta.FileIntestazione.File())->flushEveryWrite(true);
-       },
-       let, true, true},
-      {"LetThroughALink",
-       [](Jobs& jobs) {
-         fs::rename(jobs.native("5.vqs"), jobs.native("target.vqs"));
-         fs::create_symlink("target.vqs", jobs.native("5.vqs"));
-         jobs.job = jobs.load(u"5.vqs");
-       },
-       let},
-      {"QueueState", loadFive, [](Jobs& jobs) { jobs.job->Coda.Codice = vdcs_InStampa; }},
-      {"Inizializza", [](Jobs& jobs) { jobs.job = jobs.make(); },
-       [](Jobs& jobs) { jobs.job->Inizializza(u"8", jobs.folder()); }},
-      {"Carica", [](Jobs& jobs) { jobs.job = jobs.make(); },
-       [](Jobs& jobs) { jobs.job->Carica(jobs.folder(), u"5.vqs"); }},
-      {"Salva",
-       [](Jobs& jobs) {
-         jobs.job = jobs.load(u"100.vqs");
-         const auto five = jobs.load(u"5.vqs");
-         jobs.job->Collegati.RemoveAll();
-         for (const auto& linked : five->Collegati) jobs.job->Collegati.Add(linked);
-       },
-       [](Jobs& jobs) { jobs.job->Collegati.Salva(); }},
-      {"Duplication",
-       [](Jobs& jobs) {
-         jobs.job = jobs.load(u"5.vqs");
-         jobs.other = jobs.load(u"100.vqs");
-       },
-       [](Jobs& jobs) { jobs.factory.DuplicaDocumentoStampa(jobs.job, jobs.other); }, false, false, 4}};
+  const auto loadFlushed = [](Jobs& jobs) {
+    jobs.job = jobs.load(u"5.vqs");
+    Apartment::profileAccess().open(jobs.job->Proprieta.FileIntestazione.File())->flushEveryWrite(true);
+  };
+  return {{"Let", loadFive, let},
+          {"FlushedLet", loadFlushed, let, true, true},
+          {"FlushedLetInPlace",
+           [loadFlushed](Jobs& jobs) {
+             loadFlushed(jobs);
+             for (const int copies : {77'777, 8}) jobs.job->Copie = copies;
+           },
+           let, true, true},
+          {"FlushedLets", loadFlushed,
+           [](Jobs& jobs) {
+             for (const int copies : {6, 77'777, 8, 9}) jobs.job->Copie = copies;
+           },
+           false, true},
+          {"LetThroughALink",
+           [](Jobs& jobs) {
+             fs::rename(jobs.native("5.vqs"), jobs.native("target.vqs"));
+             fs::create_symlink("target.vqs", jobs.native("5.vqs"));
+             jobs.job = jobs.load(u"5.vqs");
+           },
+           let},
+          {"QueueState", loadFive, [](Jobs& jobs) { jobs.job->Coda.Codice = vdcs_InStampa; }},
+          {"Inizializza", [](Jobs& jobs) { jobs.job = jobs.make(); },
+           [](Jobs& jobs) { jobs.job->Inizializza(u"8", jobs.folder()); }},
+          {"Carica", [](Jobs& jobs) { jobs.job = jobs.make(); },
+           [](Jobs& jobs) { jobs.job->Carica(jobs.folder(), u"5.vqs"); }},
+          {"Salva",
+           [](Jobs& jobs) {
+             jobs.job = jobs.load(u"100.vqs");
+             const auto five = jobs.load(u"5.vqs");
+             jobs.job->Collegati.RemoveAll();
+             for (const auto& linked : five->Collegati) jobs.job->Collegati.Add(linked);
+           },
+           [](Jobs& jobs) { jobs.job->Collegati.Salva(); }},
+          {"Duplication",
+           [](Jobs& jobs) {
+             jobs.job = jobs.load(u"5.vqs");
+             jobs.other = jobs.load(u"100.vqs");
+           },
+           [](Jobs& jobs) { jobs.factory.DuplicaDocumentoStampa(jobs.job, jobs.other); }, false, false, 4}};
 }
 
 std::size_t openDescriptors() {

@@ -17,6 +17,9 @@ namespace orvane::test {
 /// Names and bytes of the files of a folder, the lock file and folders left out.
 using Content = std::map<std::string, std::string>;
 
+/// The same without the store's temporaries.
+Content withoutTemporaries(Content content);
+
 /// A folder with the job "5.vqs", its two linked jobs and its body, and the job "100.vqs".
 class Jobs {
  public:
@@ -51,8 +54,8 @@ struct Operation {
   friend std::ostream& operator<<(std::ostream& out, const Operation& o) { return out << o.name; }
 };
 
-/// A Let, the same flushed, one through a symbolic link, a queue state change, Inizializza, Carica, Salva,
-/// and a duplication with linked jobs.
+/// A Let, the same flushed, the same into a file that is there already, several flushed ones, one through a
+/// symbolic link, a queue state change, Inizializza, Carica, Salva, and a duplication with linked jobs.
 std::vector<Operation> operations();
 
 /// How many descriptors this process has open.

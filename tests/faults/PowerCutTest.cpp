@@ -1,5 +1,8 @@
 // A power cut after every call: once a document is released its file is whole on the device; before, the
 // device holds the old file or one that was whole.
+#include <sys/stat.h>
+
+#include <algorithm>
 #include <set>
 
 #include "tests/faults/Jobs.h"
@@ -9,15 +12,17 @@
 namespace orvane::test {
 namespace {
 
-// What the device holds of one folder. Nothing is there before it is synchronised: contents with their file,
-// names with the folder. Where it is `ordered`, a renamed file's content is there before its new name, as
-// journaling file systems have it.
+// What the device holds of one folder. Nothing is sure to be there before it is synchronised: contents with
+// their file, names with the folder. A content that is changed in place is torn there until then. Where it is
+// `ordered`, a renamed file's content is there before its new name, as journaling file systems have it.
 class Device {
  public:
   Device(const std::string& folder, bool ordered) : folder_(folder), ordered_(ordered) {}
 
   void put(const std::string& name, const std::string& bytes) {
-    const std::uint64_t inode = next_++;
+    struct stat state {};
+    ASSERT_EQ(::stat((folder_ + name).c_str(), &state), 0) << name;
+    const std::uint64_t inode = state.st_ino;
     cached_[inode] = durable_[inode] = bytes;
     names_[name] = durableNames_[name] = inode;
   }
@@ -30,7 +35,13 @@ class Device {
         durable_[event.inode].clear();
         return;
       case DiskEvent::Write:
-        cached_[event.inode] += event.data;
+        cached_[event.inode].resize(std::max(cached_[event.inode].size(), event.at + event.data.size()));
+        cached_[event.inode].replace(event.at, event.data.size(), event.data);
+        tear(event.inode);
+        return;
+      case DiskEvent::Truncate:
+        cached_[event.inode].resize(event.at);
+        tear(event.inode);
         return;
       case DiskEvent::Unlink:
         names_.erase(nameOf(event.path));
@@ -39,6 +50,9 @@ class Device {
         names_[nameOf(event.target)] = names_[nameOf(event.path)];
         if (ordered_) settle(names_[nameOf(event.path)]);
         names_.erase(nameOf(event.path));
+        return;
+      case DiskEvent::Exchange:
+        std::swap(names_[nameOf(event.target)], names_[nameOf(event.path)]);
         return;
       case DiskEvent::SyncFile:
         settle(event.inode);
@@ -49,8 +63,9 @@ class Device {
     }
   }
 
-  /// After a power cut now, and without one.
+  /// After a power cut now, the same where names got there by themselves, and without one.
   std::string survivor(const std::string& name) const { return contentOf(durableNames_, durable_, name); }
+  std::string hastySurvivor(const std::string& name) const { return contentOf(names_, durable_, name); }
   std::string present(const std::string& name) const { return contentOf(names_, cached_, name); }
 
  private:
@@ -58,6 +73,9 @@ class Device {
   using Contents = std::map<std::uint64_t, std::string>;
 
   void settle(std::uint64_t inode) { durable_[inode] = cached_[inode]; }
+  void tear(std::uint64_t inode) {
+    if (!durable_[inode].empty()) durable_[inode] = "(torn)";
+  }
   static std::string contentOf(const Names& names, const Contents& contents, const std::string& name) {
     const auto found = names.find(name);
     return found == names.end() ? "(missing)" : contents.at(found->second);
@@ -70,7 +88,6 @@ class Device {
   bool ordered_;
   Names names_, durableNames_;
   Contents cached_, durable_;
-  std::uint64_t next_ = 1;  // numbers that no file system gives
 };
 
 class PowerCut : public testing::TestWithParam<Operation> {
@@ -79,11 +96,9 @@ class PowerCut : public testing::TestWithParam<Operation> {
     jobs_.reset();
     GetParam().prepare(jobs_);
     Device device(jobs_.native(), ordered);
-    for (const auto& [name, bytes] : jobs_.content()) {
-      device.put(name, bytes);
-      whole_[name].insert(bytes);
-    }
-    first_ = jobs_.content();
+    for (const auto& [name, bytes] : jobs_.content()) device.put(name, bytes);
+    first_ = withoutTemporaries(jobs_.content());
+    for (const auto& [name, bytes] : first_) whole_[name].insert(bytes);
     replay(device, actAndRelease());
     for (const auto& [name, bytes] : jobs_.content()) {
       if (name.find(".vq") == std::string::npos) continue;
@@ -106,7 +121,7 @@ class PowerCut : public testing::TestWithParam<Operation> {
     for (const DiskEvent& event : events) {
       device.follow(event);
       ++calls;
-      if (event.kind == DiskEvent::Rename) {
+      if (event.kind == DiskEvent::Rename || event.kind == DiskEvent::Exchange) {
         const std::string name = event.target.substr(event.target.rfind('/') + 1);
         whole_[name].insert(device.present(name));
       }
@@ -114,6 +129,10 @@ class PowerCut : public testing::TestWithParam<Operation> {
         const std::string survivor = device.survivor(name);
         EXPECT_TRUE(survivor == "(missing)" ? !first_.contains(name) : states.contains(survivor))
             << name << " after call " << calls << " of " << events.size();
+        if (GetParam().flushes) {
+          EXPECT_TRUE(states.contains(device.hastySurvivor(name)))
+              << name << " after call " << calls << " of " << events.size();
+        }
       }
     }
   }

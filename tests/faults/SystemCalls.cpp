@@ -4,11 +4,13 @@
 #include <fcntl.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstring>
 
 namespace orvane::test {
@@ -152,9 +154,19 @@ ssize_t write(int file, const void* bytes, size_t size) {
             orvane::test::inodeOf(file),
             {},
             {},
-            std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(put))});
+            std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(put)),
+            static_cast<std::size_t>(::lseek(file, 0, SEEK_CUR) - put)});
   }
   return put;
+}
+
+int ftruncate(int file, off_t size) {
+  static const auto real = original<int(int, off_t)>("ftruncate");
+  if (fails("ftruncate")) return -1;
+  const int result = real(file, size);
+  if (active && result == 0)
+    record({DiskEvent::Truncate, orvane::test::inodeOf(file), {}, {}, {}, static_cast<std::size_t>(size)});
+  return result;
 }
 
 // The operating system closes the file whatever it reports.
@@ -178,6 +190,11 @@ int stat(const char* path, struct stat* state) {
   return fails("stat") ? -1 : real(path, state);
 }
 
+int statfs(const char* path, struct statfs* system) {
+  static const auto real = original<int(const char*, struct statfs*)>("statfs");
+  return fails("statfs") ? -1 : real(path, system);
+}
+
 int futimens(int file, const struct timespec* times) {
   static const auto real = original<int(int, const struct timespec*)>("futimens");
   return fails("futimens") ? -1 : real(file, times);
@@ -188,6 +205,14 @@ int rename(const char* from, const char* to) {
   if (fails("rename")) return -1;
   const int result = real(from, to);
   if (active && result == 0) record({DiskEvent::Rename, 0, from, to, {}});
+  return result;
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
+  static const auto real = original<int(int, const char*, int, const char*, unsigned)>("renameat2");
+  if (fails("renameat2")) return -1;
+  const int result = real(fromFolder, from, toFolder, to, flags);
+  if (active && result == 0) record({DiskEvent::Exchange, 0, from, to, {}});
   return result;
 }
 

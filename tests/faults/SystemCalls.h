@@ -27,9 +27,10 @@ inline constexpr int kNothingDone = -1;
 
 /// One change of the file system, in the order of the calls.
 struct DiskEvent {
-  enum Kind { Create, Write, Rename, Unlink, SyncFile, SyncFolder } kind;
+  enum Kind { Create, Write, Truncate, Rename, Exchange, Unlink, SyncFile, SyncFolder } kind;
   std::uint64_t inode = 0;
   std::string path, target, data;
+  std::size_t at = 0;  ///< where `data` is written; the new size of what is truncated
 };
 
 /// A range of bytes that was locked or given back.

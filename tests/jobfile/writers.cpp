@@ -20,11 +20,14 @@ struct Crew {
   const char* name;
   int writers;
   bool threads;
+  bool flushes = false;  ///< two of three flush every write
   friend std::ostream& operator<<(std::ostream& out, const Crew& crew) { return out << crew.name; }
 };
 
-constexpr Crew kCrews[] = {{"Processes2", 2, false}, {"Processes8", 8, false}, {"Processes32", 32, false},
-                           {"Threads2", 2, true},    {"Threads8", 8, true},    {"Threads32", 32, true}};
+constexpr Crew kCrews[] = {{"Processes2", 2, false},      {"Processes8", 8, false},
+                           {"Processes32", 32, false},    {"Threads2", 2, true},
+                           {"Threads8", 8, true},         {"Threads32", 32, true},
+                           {"Flushing2", 2, false, true}, {"Flushing8", 8, true, true}};
 
 class JobFileWriters : public MeetingFolder, public testing::WithParamInterface<Crew> {
  protected:
@@ -33,6 +36,7 @@ class JobFileWriters : public MeetingFolder, public testing::WithParamInterface<
   bool countUp(int writer, int updates, const SharedNumbers& waits) const {
     using Clock = std::chrono::steady_clock;
     JobFile file(published(writer));
+    file.flushEveryWrite(GetParam().flushes && writer % 3 < 2);
     const Text key = u"writer" + number(writer);
     for (int i = 1; i <= updates; ++i) {
       const auto begin = Clock::now();
