@@ -114,7 +114,8 @@ TEST(ParseLong, ReachesTheEdges) {
 }
 
 TEST_P(ParseNumber, IsRoundedToALong) {
-  const auto [text, number] = std::pair(GetParam().text, GetParam().number);
+  const auto text = GetParam().text;
+  const auto number = GetParam().number;
   const int expected = number ? errorOf([&] { roundToLong(*number); }) : 0;
   EXPECT_EQ(errorOf([&] { parseLong(text); }), expected);
   if (expected != 0) return;
