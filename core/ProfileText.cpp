@@ -17,7 +17,7 @@ constexpr char16_t kMark = 0xFEFF;
 constexpr TextView kLineEnd = u"\r\n";
 constexpr std::size_t kSmallestTable = 64;
 
-// Equal names under different owners are apart in the table.
+// Of equal names under different owners no two have one hash: the factor is odd.
 std::uint32_t hashUnder(std::uint32_t owner, Name name) { return name.hash() + owner * 0x9E3779B1; }
 
 bool endsLine(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
@@ -158,19 +158,19 @@ std::uint32_t ProfileText::indexSection(TextView name, std::size_t next) {
 }
 
 // Where the entry of that name stands in the table, or would.
-inline std::size_t ProfileText::slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const {
+inline std::size_t ProfileText::slotOf(TextView name, std::uint32_t hash) const {
   const std::size_t mask = table_.size() - 1;
   std::size_t slot = hash & mask;
   for (; table_[slot] != kNone; slot = (slot + 1) & mask) {
     const Entry& entry = entries_[table_[slot]];
-    if (entry.hash != hash || entry.owner != owner) continue;
+    if (entry.hash != hash) continue;
     if (same(nameOf(entry), name) || equalIgnoringCase(nameOf(entry), name)) break;
   }
   return slot;
 }
 
 inline std::uint32_t ProfileText::lookUp(std::uint32_t owner, Name name) const {
-  return table_[slotOf(owner, name, hashUnder(owner, name))];
+  return table_[slotOf(name, hashUnder(owner, name))];
 }
 
 // Keys are asked for section by section.
@@ -187,7 +187,7 @@ inline std::uint32_t ProfileText::findKey(Name section, Name key) const {
 }
 
 inline std::uint32_t ProfileText::add(const Entry& entry) {
-  const std::size_t slot = slotOf(entry.owner, nameOf(entry), entry.hash);
+  const std::size_t slot = slotOf(nameOf(entry), entry.hash);
   if (table_[slot] != kNone) return kNone;
   const auto added = static_cast<std::uint32_t>(entries_.size());
   table_[slot] = added;

@@ -54,7 +54,7 @@ class ProfileText {
   std::uint32_t indexHeader(TextView line, std::size_t next);
   std::uint32_t indexSection(TextView name, std::size_t next);
   void indexKey(TextView key, TextView value, std::uint32_t section);
-  std::size_t slotOf(std::uint32_t owner, TextView name, std::uint32_t hash) const;
+  std::size_t slotOf(TextView name, std::uint32_t hash) const;
   std::uint32_t lookUp(std::uint32_t owner, Name name) const;
   std::uint32_t findSection(Name name) const;
   std::uint32_t findKey(Name section, Name key) const;

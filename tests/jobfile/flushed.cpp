@@ -118,12 +118,12 @@ TEST_F(JobFileFlushed, KeepsThePermissions) {
 
 TEST_F(JobFileFlushed, KeepsItsOwner) {
   if (::geteuid() != 0) GTEST_SKIP() << "giving files away needs root";
-  for (const uid_t owner : {1234u, 0u, 77u}) {
-    ASSERT_EQ(::chown(path().c_str(), owner, owner + 1), 0);
+  using Ids = std::pair<uid_t, gid_t>;
+  for (const auto& ids : {Ids(1234, 5), Ids(1234, 6), Ids(0, 6), Ids(0, 0)}) {
+    ASSERT_EQ(::chown(path().c_str(), ids.first, ids.second), 0);
     for (int i = 20; i < 24; ++i) {
       write(number(i));
-      EXPECT_EQ(state().st_uid, owner);
-      EXPECT_EQ(state().st_gid, owner + 1);
+      EXPECT_EQ(Ids(state().st_uid, state().st_gid), ids);
     }
   }
 }

@@ -224,6 +224,24 @@ TEST_F(JobFileLock, AFolderMovedAwayAndMadeAnewHasALockOfItsOwn) {
   EXPECT_TRUE(std::filesystem::exists(path("jobs/.orvane.lock")));
 }
 
+TEST(Temporaries, AreKnownByTheirNames) {
+  EXPECT_TRUE(isTemporaryName(u".orvane-054b85e8.tmp"));
+  for (const char16_t* name : {u".orvane-054b85e8", u"orvane-054b85e8.tmp", u".orvane.lock", u"1.vqs", u""})
+    EXPECT_FALSE(isTemporaryName(name)) << toUtf8(name);
+}
+
+TEST_F(JobFileLock, TriedOnceIsHadOrNot) {
+  LockFile other(folder_ + "/");
+  FolderLock folder(folder_ + "/");
+  ASSERT_TRUE(other.tryLock(1));
+  EXPECT_FALSE(folder.tryLock(1));
+  other.unlock(1);
+  ASSERT_TRUE(folder.tryLock(1));
+  EXPECT_FALSE(other.tryLock(1));
+  folder.unlock(1);
+  EXPECT_TRUE(other.tryLock(1));
+}
+
 TEST_F(JobFileLock, IsOpenToWhoeverMayWriteInTheFolder) {
   ::chmod(folder_.c_str(), 0770);
   const mode_t mask = ::umask(0077);
@@ -247,6 +265,8 @@ TEST_F(JobFileLock, ThreadsWithOneLockFileTakeTurns) {
   });
   std::this_thread::sleep_for(50ms);
   EXPECT_FALSE(had);
+  EXPECT_FALSE(folder.tryLock(1));
+  EXPECT_FALSE(folder.tryLock(3)) << "it serves one at a time";
   folder.unlock(1);
   other.join();
   EXPECT_TRUE(had);
