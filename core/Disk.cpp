@@ -86,7 +86,7 @@ DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, b
   const Stamp spare = std::exchange(spare_, {});
   try {
     if (!durable || !writeSpare(spare, bytes, old, modified)) writeTemporary(bytes, old, modified, durable);
-    putInPlace(old, durable);
+    if (!durable || !exchangeFiles(old)) putInPlace(durable);
     if (durable) flushFolder();
   } catch (...) {
     spare_ = {};

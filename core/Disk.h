@@ -78,8 +78,8 @@ class DiskFile {
   bool tryStamp(Stamp& stamp) const noexcept;
   void writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable);
   bool writeSpare(const Stamp& spare, std::string_view bytes, const Stamp& old, std::int64_t modified);
-  void putInPlace(const Stamp& old, bool durable);
   bool exchangeFiles(const Stamp& old);
+  void putInPlace(bool durable);
   void removeTemporary() const noexcept;
   void flushFolder() const;
   void keepPermissions(Stamp& now, const Stamp& old) const noexcept;

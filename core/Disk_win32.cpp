@@ -233,11 +233,8 @@ void DiskFile::keepPermissions(Stamp& now, const Stamp& old) const noexcept try 
 } catch (const std::bad_alloc&) {
 }
 
-// Windows exchanges no names.
-bool DiskFile::writeSpare(const Stamp&, std::string_view, const Stamp&, std::int64_t) { return false; }
-
 // The temporary is closed: a virus scanner that works then keeps no reader from the job file.
-void DiskFile::putInPlace(const Stamp&, bool durable) {
+void DiskFile::putInPlace(bool durable) {
   const std::wstring from = widePath(temporary_);
   const std::wstring to = widePath(path_);
   for (Patience patience(kLongestHold); !exchangeNames(from, to, durable);) {

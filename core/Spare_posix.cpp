@@ -1,0 +1,73 @@
+// Where every write is flushed, the former file serves again: to create a file and to free one is most of
+// what such a write costs.
+#include <linux/magic.h>
+#include <sys/vfs.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <iterator>
+
+#include "core/OpenFile_posix.h"
+
+namespace orvane {
+
+namespace {
+
+// Where all who open a file do it through this system, so that a lease knows of every one of them, and where
+// a folder can be flushed.
+bool isLocal(const std::string& path) {
+  constexpr std::uint32_t kLocal[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, TMPFS_MAGIC};
+  struct statfs system {};
+  return ::statfs(path.c_str(), &system) == 0 &&
+         std::ranges::find(kLocal, static_cast<std::uint32_t>(system.f_type)) != std::end(kLocal);
+}
+
+// Had only where nobody else has the file open; until it is closed, whoever opens it waits. The system would
+// ask for it back by a signal: by this one, which programs ignore unless they wait for it.
+bool lease(const OpenFile& file) {
+  return ::fcntl(file.get(), F_SETSIG, SIGURG) == 0 && ::fcntl(file.get(), F_SETLEASE, F_WRLCK) == 0;
+}
+
+}  // namespace
+
+// Readers that opened the spare while it was the job file must not see it change.
+bool DiskFile::writeSpare(const Stamp& spare, std::string_view bytes, const Stamp& old,
+                          std::int64_t modified) {
+  const bool fits = spare.exists && spare.permissions == old.permissions && spare.owner == old.owner &&
+                    spare.group == old.group;
+  if (!fits) return false;
+  OpenFile file(temporary_, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
+  struct stat state {};
+  if (!file.isOpen() || !lease(file) || ::fstat(file.get(), &state) != 0) return false;
+  if (stampOf(state) != spare) return false;
+  file.write(bytes);
+  if (bytes.size() < spare.size && ::ftruncate(file.get(), static_cast<off_t>(bytes.size())) != 0)
+    raiseLastSystemError();
+  file.setModified(modified);
+  file.synchronise();
+  file.close();
+  return true;
+}
+
+// Only a file that is as this object made it becomes a spare: no other's access rights are carried on, and a
+// file that has another name stays as it is.
+bool DiskFile::exchangeFiles(const Stamp& old) {
+  if (old != made_ || !isLocal(path_)) return false;
+  const auto exchange = [this] {
+    return ::renameat2(AT_FDCWD, temporary_.c_str(), AT_FDCWD, path_.c_str(), RENAME_EXCHANGE) == 0;
+  };
+  if (!exchange()) return false;
+  struct stat state {};
+  if (::stat(temporary_.c_str(), &state) == 0 && state.st_ino == old.inode && state.st_nlink == 1) {
+    spare_ = stampOf(state);
+  } else if (::unlink(temporary_.c_str()) != 0) {
+    // Another has put a folder there meanwhile.
+    const int failure = errno;
+    exchange();
+    raiseErrno(failure);
+  }
+  return true;
+}
+
+}  // namespace orvane
