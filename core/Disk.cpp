@@ -93,7 +93,6 @@ DiskFile::Replaced DiskFile::replace(std::string_view bytes, const Stamp& old, b
     removeTemporary();
     throw;
   }
-  made_ = {};
   Stamp now;
   if (!tryStamp(now)) return {now, false};
   if (old.exists && now.permissions != old.permissions) keepPermissions(now, old);

@@ -153,8 +153,7 @@ void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int
   }
   if (!file.isOpen()) raiseLastSystemError();
   if (old.exists) takeOver(file.get(), old, plain_);
-  file.write(bytes);
-  file.setModified(modified);
+  file.fill(bytes, modified);
   if (durable) file.synchronise();
   file.close();
 }

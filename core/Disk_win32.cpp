@@ -123,16 +123,23 @@ void readAll(const Handle& file, std::string& bytes) {
   bytes.resize(got);
 }
 
-// A temporary left by a killed process is written anew: nobody else uses it while the lock is ours, but its
-// maker may still be dying, or a virus scanner be at work on it.
+// A temporary that is there already, left by a killed process or kept by a writer on Linux, is removed, never
+// written: it may be a former job file that somebody still reads. Its maker may still be dying, or a virus
+// scanner be at work on it.
 Handle makeAnew(const std::wstring& path, DWORD attributes) {
+  bool removed = false;
   for (Patience patience(kLongestHold);;) {
-    Handle file(path, GENERIC_WRITE, 0, CREATE_ALWAYS, attributes);
+    Handle file(path, GENERIC_WRITE, 0, CREATE_NEW, attributes);
     if (file.isOpen()) return file;
-    const DWORD code = GetLastError();
-    const bool denied = code == ERROR_ACCESS_DENIED;
-    if (denied && DeleteFileW(path.c_str())) continue;  // it was hidden
-    if (denied || !isHeld(code) || !patience.wait()) raiseSystemError(code);
+    DWORD code = GetLastError();
+    if (code == ERROR_FILE_EXISTS) {
+      removed = DeleteFileW(path.c_str());
+      if (removed) continue;
+      code = GetLastError();
+    }
+    // A name that is about to go is denied.
+    const bool refused = code == ERROR_ACCESS_DENIED && !removed;
+    if (refused || !isHeld(code) || !patience.wait()) raiseSystemError(code);
   }
 }
 

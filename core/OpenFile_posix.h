@@ -50,18 +50,10 @@ class OpenFile {
   bool isOpen() const { return file_ >= 0; }
   int get() const { return file_; }
 
-  void write(std::string_view bytes) const {
-    while (!bytes.empty()) {
-      const auto put = retryInterrupted([&] { return ::write(file_, bytes.data(), bytes.size()); });
-      if (put < 0) raiseLastSystemError();
-      if (put == 0) raiseErrno(ENOSPC);
-      bytes.remove_prefix(static_cast<std::size_t>(put));
-    }
-  }
-
-  /// Nanoseconds since 1970. Raises nothing: a file system that keeps no such times is found out by the stamp
-  /// after the replace.
-  void setModified(std::int64_t modified) const {
+  /// Writes the whole content of a file that is empty, and gives it a time of modification, in nanoseconds
+  /// since 1970. A file system that keeps no such times is found out by the stamp after the replace.
+  void fill(std::string_view bytes, std::int64_t modified) const {
+    write(bytes);
     const timespec time{modified / kSecond, modified % kSecond};
     const timespec times[] = {time, time};
     if (::futimens(file_, times) != 0) errno = 0;
@@ -83,6 +75,15 @@ class OpenFile {
   }
 
  private:
+  void write(std::string_view bytes) const {
+    while (!bytes.empty()) {
+      const auto put = retryInterrupted([&] { return ::write(file_, bytes.data(), bytes.size()); });
+      if (put < 0) raiseLastSystemError();
+      if (put == 0) raiseErrno(ENOSPC);
+      bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+  }
+
   int file_;
 };
 

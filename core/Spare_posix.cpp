@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 #include "core/OpenFile_posix.h"
 
@@ -23,10 +24,36 @@ bool isLocal(const std::string& path) {
          std::ranges::find(kLocal, static_cast<std::uint32_t>(system.f_type)) != std::end(kLocal);
 }
 
-// Had only where nobody else has the file open; until it is closed, whoever opens it waits. The system would
-// ask for it back by a signal: by this one, which programs ignore unless they wait for it.
-bool lease(const OpenFile& file) {
-  return ::fcntl(file.get(), F_SETSIG, SIGURG) == 0 && ::fcntl(file.get(), F_SETLEASE, F_WRLCK) == 0;
+// Had only where nobody else has the file open; until it is given back, whoever opens the file waits. A close
+// would not end it in a process that has forked meanwhile. The system would ask for it by a signal: by this
+// one, which programs ignore unless they handle it.
+class Lease {
+ public:
+  explicit Lease(int file)
+      : file_(file), had_(::fcntl(file, F_SETSIG, SIGURG) == 0 && ::fcntl(file, F_SETLEASE, F_WRLCK) == 0) {}
+  Lease(const Lease&) = delete;
+  Lease& operator=(const Lease&) = delete;
+  ~Lease() {
+    if (had_) ::fcntl(file_, F_SETLEASE, F_UNLCK);
+  }
+
+  bool isHad() const { return had_; }
+
+ private:
+  int file_;
+  bool had_;
+};
+
+// The file is emptied first: who has its old pages elsewhere, as in a pipe, keeps them as they are.
+bool writeLeased(const OpenFile& file, const Stamp& seen, std::string_view bytes, std::int64_t modified) {
+  const Lease lease(file.get());
+  struct stat state {};
+  if (!lease.isHad() || ::fstat(file.get(), &state) != 0) return false;
+  if (std::pair(stampOf(state), state.st_nlink) != std::pair(seen, nlink_t{1})) return false;
+  if (::ftruncate(file.get(), 0) != 0) raiseLastSystemError();
+  file.fill(bytes, modified);
+  file.synchronise();
+  return true;
 }
 
 }  // namespace
@@ -38,30 +65,23 @@ bool DiskFile::writeSpare(const Stamp& spare, std::string_view bytes, const Stam
                     spare.group == old.group;
   if (!fits) return false;
   OpenFile file(temporary_, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
-  struct stat state {};
-  if (!file.isOpen() || !lease(file) || ::fstat(file.get(), &state) != 0) return false;
-  if (stampOf(state) != spare) return false;
-  file.write(bytes);
-  if (bytes.size() < spare.size && ::ftruncate(file.get(), static_cast<off_t>(bytes.size())) != 0)
-    raiseLastSystemError();
-  file.setModified(modified);
-  file.synchronise();
+  if (!file.isOpen() || !writeLeased(file, spare, bytes, modified)) return false;
   file.close();
   return true;
 }
 
 // Only a file that is as this object made it becomes a spare: no other's access rights are carried on, and a
-// file that has another name stays as it is.
+// file that has another name stays as it is. Watchers are told last of what has come to the job file's name.
 bool DiskFile::exchangeFiles(const Stamp& old) {
   if (old != made_ || !isLocal(path_)) return false;
   const auto exchange = [this] {
-    return ::renameat2(AT_FDCWD, temporary_.c_str(), AT_FDCWD, path_.c_str(), RENAME_EXCHANGE) == 0;
+    return ::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, temporary_.c_str(), RENAME_EXCHANGE) == 0;
   };
   if (!exchange()) return false;
   struct stat state {};
-  if (::stat(temporary_.c_str(), &state) == 0 && state.st_ino == old.inode && state.st_nlink == 1) {
+  if (::lstat(temporary_.c_str(), &state) == 0 && state.st_ino == old.inode && state.st_nlink == 1) {
     spare_ = stampOf(state);
-  } else if (::unlink(temporary_.c_str()) != 0) {
+  } else if (::unlink(temporary_.c_str()) != 0 && errno != ENOENT) {
     // Another has put a folder there meanwhile.
     const int failure = errno;
     exchange();

@@ -122,7 +122,8 @@ class PowerCut : public testing::TestWithParam<Operation> {
       device.follow(event);
       ++calls;
       if (event.kind == DiskEvent::Rename || event.kind == DiskEvent::Exchange) {
-        const std::string name = event.target.substr(event.target.rfind('/') + 1);
+        const std::string& path = event.kind == DiskEvent::Rename ? event.target : event.path;
+        const std::string name = path.substr(path.rfind('/') + 1);
         whole_[name].insert(device.present(name));
       }
       for (const auto& [name, states] : whole_) {

@@ -1,54 +1,17 @@
 // What the store does when single calls fail, and when other processes act between two of its calls.
 #include <fcntl.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <fstream>
 #include <set>
 
 #include "core/SystemError.h"
-#include "tests/faults/InMemory.h"
-#include "tests/faults/SystemCalls.h"
-#include "tests/support/JobTest.h"
+#include "tests/faults/StoreFixture.h"
 #include "tests/support/TemporaryName.h"
 
 namespace orvane::test {
 namespace {
-
-class Store : public testing::Test {
- protected:
-  Store() { JobFile(name_).write(u"A", u"k", u"1"); }
-
-  std::string path(const char* name = "job.vqs") const { return folder_.native().string() + "/" + name; }
-  std::string lockFolder() const { return folder_.native().string() + "/"; }
-
-  Text valueNow() const { return readJobFile(name_).value(u"A", u"k"); }
-
-  // In place and of the same size, as a server does that knows nothing of the protocol.
-  void writeInPlace(char value) const {
-    std::fstream stream(path(), std::ios::in | std::ios::out | std::ios::binary);
-    stream.seekp(16);
-    stream.put(value);
-  }
-
-  mode_t mode() const {
-    struct stat state {};
-    ::stat(path().c_str(), &state);
-    return state.st_mode & 0777;
-  }
-
-  static int errorWith(const Fault& fault, const std::function<void()>& work) {
-    const SystemCalls calls(fault);
-    return errorOf(work);
-  }
-
-  InMemory inMemory_;
-  TemporaryFolder folder_;
-  const Text name_ = folder_.file(u"job.vqs");
-  const std::uint32_t number_ = lockNumberOf(u"job.vqs");
-};
 
 TEST_F(Store, ReadsAFileAgainThatWasCutMeanwhile) {
   const SystemCalls calls({.at = 0, .code = kNothingDone, .name = "read"});
@@ -205,106 +168,6 @@ TEST_F(Store, GivesUpAFileThatIsLeasedForEver) {
   JobFile file(name_);
   const Fault fault{.at = 0, .code = EWOULDBLOCK, .onward = true, .name = "open"};
   EXPECT_EQ(errorWith(fault, [&] { file.read(u"A", u"k"); }), 75);
-}
-
-class FlushedStore : public Store {
- protected:
-  FlushedStore() {
-    file_->flushEveryWrite(true);
-    for (const TextView value : {u"2", u"3", u"4"}) write(value);
-  }
-
-  void write(TextView value) const { file_->write(u"A", u"k", value); }
-
-  // What another process does just before the two names are exchanged.
-  int errorOfAWrite(const std::function<void()>& meanwhile) const {
-    return errorWith({.at = 0, .name = "renameat2", .meanwhile = meanwhile}, [&] { write(u"5"); });
-  }
-
-  std::set<std::string> namesLeft() {
-    file_.reset();
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_.native()))
-      names.insert(entry.path().filename());
-    names.erase(".orvane.lock");
-    return names;
-  }
-
-  std::unique_ptr<JobFile> file_ = std::make_unique<JobFile>(name_);
-};
-
-TEST_F(FlushedStore, CreatesAndRemovesNoFile) {
-  const SystemCalls calls;
-  write(u"5");
-  write(u"6");
-  std::vector<DiskEvent::Kind> kinds;
-  for (const DiskEvent& event : calls.events()) kinds.push_back(event.kind);
-  using Event = DiskEvent;
-  const std::vector each{Event::Write, Event::SyncFile, Event::Exchange, Event::SyncFolder};
-  auto both = each;
-  both.insert(both.end(), each.begin(), each.end());
-  EXPECT_EQ(kinds, both);
-}
-
-TEST_F(FlushedStore, NeverWritesAFileThatWasLinkedMeanwhile) {
-  EXPECT_EQ(errorOfAWrite([&] { std::filesystem::create_hard_link(path(), path("backup.vqs")); }), 0);
-  write(u"6");
-  write(u"7");
-  EXPECT_EQ(readJobFile(folder_.file(u"backup.vqs")).value(u"A", u"k"), u"4");
-  EXPECT_EQ(valueNow(), u"7");
-  EXPECT_EQ(namesLeft(), (std::set<std::string>{"backup.vqs", "job.vqs"}));
-}
-
-TEST_F(FlushedStore, ReplacesAFileThatWasPutThereMeanwhile) {
-  EXPECT_EQ(errorOfAWrite([&] {
-              std::filesystem::rename(path(), path("moved.vqs"));
-              std::filesystem::copy_file(path("moved.vqs"), path());
-            }),
-            0);
-  write(u"6");
-  EXPECT_EQ(readJobFile(folder_.file(u"moved.vqs")).value(u"A", u"k"), u"4");
-  EXPECT_EQ(valueNow(), u"6");
-  EXPECT_EQ(namesLeft(), (std::set<std::string>{"job.vqs", "moved.vqs"}));
-}
-
-TEST_F(FlushedStore, LeavesAFolderThatWasPutThereMeanwhile) {
-  EXPECT_EQ(errorOfAWrite([&] {
-              std::filesystem::remove(path());
-              std::filesystem::create_directory(path());
-            }),
-            75);
-  EXPECT_TRUE(std::filesystem::is_directory(path()));
-  EXPECT_EQ(namesLeft(), std::set<std::string>{"job.vqs"});
-}
-
-TEST_F(FlushedStore, MakesAFileAnewThatWasTakenAwayMeanwhile) {
-  EXPECT_EQ(errorOfAWrite([&] { std::filesystem::remove(path()); }), 0);
-  EXPECT_EQ(valueNow(), u"5");
-  EXPECT_EQ(namesLeft(), std::set<std::string>{"job.vqs"});
-}
-
-TEST_F(FlushedStore, WritesAnotherFileWhereTheNamesCannotBeExchanged) {
-  for (const char* call : {"renameat2", "statfs"}) {
-    EXPECT_EQ(errorWith({.at = 0, .code = ENOSYS, .name = call}, [&] { write(u"5"); }), 0);
-    EXPECT_EQ(errorWith({}, [&] { write(u"6"); }), 0);
-    EXPECT_EQ(valueNow(), u"6") << call;
-  }
-  EXPECT_EQ(namesLeft(), std::set<std::string>{"job.vqs"});
-}
-
-// Of a file system whose files others may open elsewhere, no lease tells.
-TEST_F(Store, ExchangesNamesOnLocalFileSystemsOnly) {
-  const std::string mount = path("mount");
-  std::filesystem::create_directory(mount);
-  if (::mount("ramfs", mount.c_str(), "ramfs", 0, nullptr) != 0) GTEST_SKIP() << "mounting needs root";
-  const SystemCalls calls({.name = "renameat2"});
-  {
-    JobFile file(folder_.file(u"mount\\job.vqs"));
-    file.flushEveryWrite(true);
-    for (const TextView value : {u"1", u"2", u"3"}) file.write(u"A", u"k", value);
-  }
-  EXPECT_EQ(calls.count(), 0);
-  EXPECT_EQ(::umount(mount.c_str()), 0);
 }
 
 TEST_F(Store, LocksInALockFileThatAnotherHasJustMade) {

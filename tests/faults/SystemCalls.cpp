@@ -190,6 +190,11 @@ int stat(const char* path, struct stat* state) {
   return fails("stat") ? -1 : real(path, state);
 }
 
+int lstat(const char* path, struct stat* state) {
+  static const auto real = original<int(const char*, struct stat*)>("lstat");
+  return fails("lstat") ? -1 : real(path, state);
+}
+
 int statfs(const char* path, struct statfs* system) {
   static const auto real = original<int(const char*, struct statfs*)>("statfs");
   return fails("statfs") ? -1 : real(path, system);

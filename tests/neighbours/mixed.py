@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Writers of several systems on one job file: mixed.py --native PROGRAM [--windows PROGRAM RUNNER READER] [--count N]
 
-Two native writers, two under the runner and a reader that uses the profile functions work at once. Every writer must
-find its own values, the file must hold the last one of each, and the reader must never see it torn. Ends with 77 where
-a program is missing. ORVANE_SOAK_FACTOR multiplies the count.
+Three native writers, one of which flushes every write, two under the runner and a reader that uses the profile functions work at once. Every writer must
+find its own values, the file must hold the last one of each, and the reader must never see it torn. Before that, a writer
+of either kind must leave alone a former job file that is still read, in the place of the temporary. Ends with 77 where a
+program is missing. ORVANE_SOAK_FACTOR multiplies the count.
 """
 
 import argparse
@@ -41,15 +42,29 @@ def values(path):
     return dict(line.split("=", 1) for line in lines if "=" in line)
 
 
-def start_writers(arguments, path, counts):
-    writers = {}
-    for key, count in counts.items():
-        if key.startswith("native"):
-            writers[key] = start(arguments.native, str(path), key, str(count))
-        else:
-            program, runner, _ = arguments.windows
-            writers[key] = start(runner, program, windows_path(path), key, str(count))
-    return writers
+def start_writer(arguments, path, key, count):
+    if key.startswith("windows"):
+        program, runner, _ = arguments.windows
+        return start(runner, program, windows_path(path), key, str(count))
+    return start(arguments.native, str(path), key, str(count), *["flushed"] * (key == "native_flushing"))
+
+
+def temporary_of(path):
+    number = 0x811C9DC5
+    for byte in path.name.lower().encode():
+        number = (number ^ byte) * 0x01000193 % 2**32
+    return path.with_name(f".orvane-{number:08x}.tmp")
+
+
+def check_former_file(arguments, path, key):
+    """Somebody has begun to read a file that is the temporary now, and goes on when the next write is done."""
+    former = b"former text, " * 1000
+    temporary_of(path).write_bytes(former)
+    with open(temporary_of(path), "rb", buffering=0) as reading:
+        begun = reading.read(1000)
+        finished(key, start_writer(arguments, path, key, 1))
+        if begun + reading.read() != former:
+            sys.exit(f"mixed: {key} wrote a file that was read")
 
 
 def run(arguments, folder, count):
@@ -59,10 +74,12 @@ def run(arguments, folder, count):
     reader = None
     if arguments.windows:
         reader = start(arguments.windows[1], arguments.windows[2], windows_path(path), windows_path(stop))
-    counts = {f"native{number}": count * NATIVE_FACTOR for number in range(2)}
+    counts = {key: count * NATIVE_FACTOR for key in ("native0", "native1", "native_flushing")}
     if arguments.windows:
         counts |= {f"windows{number}": count for number in range(2)}
-    writers = start_writers(arguments, path, counts)
+    for key in counts:
+        check_former_file(arguments, path, key)
+    writers = {key: start_writer(arguments, path, key, count) for key, count in counts.items()}
     for key, writer in writers.items():
         print(f"{key}: writes and waits in us (count, 50 %, 99 %, longest): {finished(key, writer)}")
     stop.touch()

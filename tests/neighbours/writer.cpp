@@ -1,10 +1,12 @@
-// A neighbour that writes: writer FILE KEY COUNT counts up under its own key and sees its own last value at
-// every step. Its last line are the waits of its writes in microseconds: count, 50 %, 99 %, the longest.
+// A neighbour that writes: writer FILE KEY COUNT [flushed] counts up under its own key, if asked to with a
+// flush of every write, and sees its own last value at every step. Its last line are the waits of its writes
+// in microseconds: count, 50 %, 99 %, the longest.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/Error.h"
@@ -30,8 +32,9 @@ void print(std::vector<long> waits) {
               waits.back());
 }
 
-bool countUp(TextView path, TextView key, int count) {
+bool countUp(TextView path, TextView key, int count, bool flushed) {
   JobFile file{Text(path)};
+  file.flushEveryWrite(flushed);
   std::vector<long> waits;
   for (int i = 1; i <= count; ++i) {
     waits.push_back(write(file, key, i));
@@ -47,9 +50,10 @@ bool countUp(TextView path, TextView key, int count) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) return 2;
+  const bool flushed = argc == 5 && std::string_view(argv[4]) == "flushed";
+  if (argc != 4 && !flushed) return 2;
   try {
-    return countUp(fromUtf8(argv[1]), fromUtf8(argv[2]), std::atoi(argv[3])) ? 0 : 1;
+    return countUp(fromUtf8(argv[1]), fromUtf8(argv[2]), std::atoi(argv[3]), flushed) ? 0 : 1;
   } catch (const Error& error) {
     std::fprintf(stderr, "writer: error %d, %s\n", error.number(), error.what());
     return 1;
