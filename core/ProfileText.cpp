@@ -163,8 +163,7 @@ inline std::size_t ProfileText::slotOf(TextView name, std::uint32_t hash) const 
   std::size_t slot = hash & mask;
   for (; table_[slot] != kNone; slot = (slot + 1) & mask) {
     const Entry& entry = entries_[table_[slot]];
-    if (entry.hash != hash) continue;
-    if (same(nameOf(entry), name) || equalIgnoringCase(nameOf(entry), name)) break;
+    if (entry.hash == hash && (same(nameOf(entry), name) || equalIgnoringCase(nameOf(entry), name))) break;
   }
   return slot;
 }
