@@ -50,7 +50,7 @@ bool writeLeased(const OpenFile& file, const Stamp& seen, std::string_view bytes
   struct stat state {};
   if (!lease.isHad() || ::fstat(file.get(), &state) != 0) return false;
   if (std::pair(stampOf(state), state.st_nlink) != std::pair(seen, nlink_t{1})) return false;
-  if (::ftruncate(file.get(), 0) != 0) raiseLastSystemError();
+  if (retryInterrupted([&] { return ::ftruncate(file.get(), 0); }) != 0) raiseLastSystemError();
   file.fill(bytes, modified);
   file.synchronise();
   return true;

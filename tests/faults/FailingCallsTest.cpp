@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <set>
 
 #include "core/SystemError.h"
 #include "tests/faults/Jobs.h"
@@ -15,6 +16,10 @@ namespace {
 
 constexpr int kShort = 0;
 constexpr int kCodes[] = {ENOSPC, EIO, EACCES, EDQUOT, EROFS, EMFILE, EINTR, ESTALE, EBUSY, ENOENT, kShort};
+
+// By a signal, on local file systems.
+const std::set<std::string> kInterruptible{"open",  "read",  "write", "ftruncate",
+                                           "fsync", "close", "fcntl", "rename"};
 
 class FailingCalls : public testing::TestWithParam<Operation> {
  protected:
@@ -57,6 +62,9 @@ class FailingCalls : public testing::TestWithParam<Operation> {
                  (fault.code ? std::string(" fails: ") + std::strerror(fault.code) : " is cut short") +
                  (fault.onward ? ", and all after it" : "") + "; error " + std::to_string(outcome.error));
     EXPECT_TRUE(isNumberOf(outcome, fault));
+    if (fault.code == EINTR && kInterruptible.contains(outcome.call)) {
+      EXPECT_EQ(outcome.error, 0) << "whoever is interrupted tries again";
+    }
     checkFiles(outcome);
     jobs_.job.reset();
     jobs_.other.reset();

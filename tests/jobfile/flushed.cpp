@@ -1,11 +1,13 @@
 // Writes that are flushed one by one write the file before the last one again, and nobody sees that.
 #include <fcntl.h>
+#include <sys/inotify.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <cstring>
 #include <functional>
 #include <thread>
 
@@ -135,6 +137,23 @@ TEST_F(JobFileFlushed, GivesNoAttributesOfAFormerFileToALaterOne) {
     write(number(i));
     EXPECT_LT(::getxattr(path().c_str(), "user.nota", nullptr, 0), 0);
   }
+}
+
+// Who follows the names by their events must end with a job file that is there.
+TEST_F(JobFileFlushed, TellsWatchersLastThatTheFileHasCome) {
+  const int watch = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+  ASSERT_GE(::inotify_add_watch(watch, folder_.c_str(), IN_MOVED_FROM | IN_MOVED_TO), 0);
+  write(u"4");
+  const std::string bytes = readOn(watch);
+  ::close(watch);
+  std::uint32_t last = 0;
+  for (std::size_t at = 0; at < bytes.size();) {
+    inotify_event event{};
+    std::memcpy(&event, bytes.data() + at, sizeof event);
+    if (bytes.c_str() + at + sizeof event == std::string_view("job.vqs")) last = event.mask;
+    at += sizeof event + event.len;
+  }
+  EXPECT_EQ(last, std::uint32_t{IN_MOVED_TO});
 }
 
 // A second file that somebody else has changed, exchanged or taken is left alone.
