@@ -53,7 +53,7 @@ DiskFile::DiskFile(TextView fullName) : path_(nativePath(fullName)) {
   if (folderLength(path_) == path_.size()) throw Error(ErrorNumber::BadFileName);
 }
 
-// Whoever has the lock is writing, and removes it himself.
+// Whoever has the lock writes, as a rule, and removes it himself; it is not worth waiting for.
 DiskFile::~DiskFile() {
   if (!spare_.exists) return;
   try {

@@ -1,4 +1,4 @@
-// Where every write is flushed, the former file serves again: to create a file and to free one is most of
+// Where every write is flushed, the former file serves again: to create a file and to free one is much of
 // what such a write costs.
 #include <linux/magic.h>
 #include <sys/vfs.h>
