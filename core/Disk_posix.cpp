@@ -66,14 +66,13 @@ mode_t wantedMode(const Stamp& old) { return old.exists ? old.permissions : 0666
 // Gives a new file what the file has that it stands for. `plain` is what a new file gets by itself, as far as
 // known.
 void takeOver(int file, const Stamp& old, Stamp& plain) {
-  const bool known = plain.exists && plain.owner == old.owner && plain.group == old.group;
+  const bool known = plain.exists && sameOwner(plain, old);
   if (known && (old.permissions & ~plain.permissions) == 0) return;
   struct stat state {};
   if (::fstat(file, &state) != 0) raiseLastSystemError();
   plain = stampOf(state);
   // Where the owner may not be given away, the group may.
-  const bool sameOwner = plain.owner == old.owner && plain.group == old.group;
-  if (!sameOwner && ::fchown(file, old.owner, old.group) != 0) {
+  if (!sameOwner(plain, old) && ::fchown(file, old.owner, old.group) != 0) {
     if (::fchown(file, static_cast<uid_t>(-1), old.group) != 0) errno = 0;
   }
   if (plain.permissions != old.permissions && ::fchmod(file, old.permissions) != 0) errno = 0;
@@ -147,7 +146,7 @@ void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int
   if (old.exists && (old.permissions & kWritable) == 0) raiseErrno(EACCES);
   OpenFile file(temporary_, kCreate, wantedMode(old));
   if (!file.isOpen() && errno == EEXIST) {
-    // Its maker was killed: nobody else can be writing it while the lock is ours.
+    // Its maker was killed or has kept it: nobody else can be writing it while the lock is ours.
     if (::unlink(temporary_.c_str()) != 0) raiseLastSystemError();
     return writeTemporary(bytes, old, modified, durable);
   }

@@ -35,6 +35,8 @@ inline Stamp stampOf(const struct stat& state) {
           .group = state.st_gid};
 }
 
+inline bool sameOwner(const Stamp& a, const Stamp& b) { return a.owner == b.owner && a.group == b.group; }
+
 /// Closed in the end. Failures raise the run-time error of their cause where nothing else is said.
 class OpenFile {
  public:

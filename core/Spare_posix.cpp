@@ -61,8 +61,7 @@ bool writeLeased(const OpenFile& file, const Stamp& seen, std::string_view bytes
 // Readers that opened the spare while it was the job file must not see it change.
 bool DiskFile::writeSpare(const Stamp& spare, std::string_view bytes, const Stamp& old,
                           std::int64_t modified) {
-  const bool fits = spare.exists && spare.permissions == old.permissions && spare.owner == old.owner &&
-                    spare.group == old.group;
+  const bool fits = spare.exists && spare.permissions == old.permissions && sameOwner(spare, old);
   if (!fits) return false;
   OpenFile file(temporary_, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
   if (!file.isOpen() || !writeLeased(file, spare, bytes, modified)) return false;
