@@ -26,7 +26,7 @@ class FailingCalls : public testing::TestWithParam<Operation> {
   void SetUp() override {
     jobs_.reset();
     GetParam().prepare(jobs_);
-    before_ = jobs_.content();
+    before_ = withoutTemporaries(jobs_.content());
     {
       const SystemCalls calls;
       GetParam().act(jobs_);
@@ -66,8 +66,7 @@ class FailingCalls : public testing::TestWithParam<Operation> {
       EXPECT_EQ(outcome.error, 0) << "whoever is interrupted tries again";
     }
     checkFiles(outcome);
-    jobs_.job.reset();
-    jobs_.other.reset();
+    jobs_.release();
     EXPECT_EQ(openDescriptors(), descriptors_);
     checkTheNextAttempt();
   }
@@ -85,7 +84,7 @@ class FailingCalls : public testing::TestWithParam<Operation> {
 
   void checkFiles(const Outcome& outcome) const {
     const Content found = withoutTemporaries(outcome.content);
-    const bool old = found == withoutTemporaries(before_);
+    const bool old = found == before_;
     const bool whole = found == withoutTemporaries(after_);
     if (GetParam().oneReplace) {
       EXPECT_TRUE(outcome.error == 0 ? whole : old || (GetParam().flushes && whole));

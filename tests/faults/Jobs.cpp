@@ -32,9 +32,13 @@ Jobs::Jobs() {
   first_ = content();
 }
 
-void Jobs::reset() {
+void Jobs::release() {
   job.reset();
   other.reset();
+}
+
+void Jobs::reset() {
+  release();
   for (const auto& entry : fs::directory_iterator(folder_.native())) fs::remove_all(entry.path());
   for (const auto& [name, bytes] : first_) folder_.write(fs::path(name).u16string(), bytes);
 }

@@ -25,6 +25,7 @@ class Jobs {
  public:
   Jobs();
 
+  void release();  ///< no document is open then
   /// The folder as it was at first, with no document open.
   void reset();
   Content content() const;

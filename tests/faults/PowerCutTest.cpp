@@ -111,8 +111,7 @@ class PowerCut : public testing::TestWithParam<Operation> {
     const SystemCalls calls;
     GetParam().act(jobs_);
     if (GetParam().flushes) return calls.events();
-    jobs_.job.reset();
-    jobs_.other.reset();
+    jobs_.release();
     return calls.events();
   }
 
@@ -126,14 +125,12 @@ class PowerCut : public testing::TestWithParam<Operation> {
         const std::string name = path.substr(path.rfind('/') + 1);
         whole_[name].insert(device.present(name));
       }
+      SCOPED_TRACE("after call " + std::to_string(calls) + " of " + std::to_string(events.size()));
       for (const auto& [name, states] : whole_) {
         const std::string survivor = device.survivor(name);
-        EXPECT_TRUE(survivor == "(missing)" ? !first_.contains(name) : states.contains(survivor))
-            << name << " after call " << calls << " of " << events.size();
-        if (GetParam().flushes) {
-          EXPECT_TRUE(states.contains(device.hastySurvivor(name)))
-              << name << " after call " << calls << " of " << events.size();
-        }
+        EXPECT_TRUE(survivor == "(missing)" ? !first_.contains(name) : states.contains(survivor)) << name;
+        if (!GetParam().flushes) continue;
+        EXPECT_TRUE(states.contains(device.hastySurvivor(name))) << name;
       }
     }
   }

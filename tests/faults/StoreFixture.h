@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <fstream>
-#include <iterator>
 
 #include "tests/faults/InMemory.h"
 #include "tests/faults/SystemCalls.h"
@@ -34,11 +33,6 @@ class Store : public testing::Test {
     return state.st_mode & 0777;
   }
   mode_t mode() const { return modeOf(path()); }
-
-  static std::string contentOf(const std::string& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
 
   static int errorWith(const Fault& fault, const std::function<void()>& work) {
     const SystemCalls calls(fault);

@@ -15,16 +15,19 @@
 #include "tests/jobfile/Processes.h"
 #include "tests/support/Rows.h"
 #include "tests/support/Soak.h"
+#include "tests/support/TemporaryName.h"
 
 namespace orvane::test {
 namespace {
 
 using namespace std::chrono_literals;
 
+// What is left to read; closes the file.
 std::string readOn(int file) {
   std::string bytes, part(4096, '\0');
   for (ssize_t got; (got = ::read(file, part.data(), part.size())) > 0;)
     bytes.append(part, 0, static_cast<std::size_t>(got));
+  ::close(file);
   return bytes;
 }
 
@@ -37,9 +40,9 @@ class JobFileFlushed : public MeetingFolder {
 
   void write(const Text& value) const { file_->write(u"A", u"k", value); }
 
-  struct stat state(const std::string& name = "job.vqs") const {
+  struct stat state() const {
     struct stat found {};
-    EXPECT_EQ(::stat(path(name).c_str(), &found), 0) << name;
+    EXPECT_EQ(::stat(path().c_str(), &found), 0);
     return found;
   }
 
@@ -148,7 +151,6 @@ TEST_F(JobFileFlushed, TellsWatchersLastThatTheFileHasCome) {
   ASSERT_GE(::inotify_add_watch(watch, folder_.c_str(), IN_MOVED_FROM | IN_MOVED_TO), 0);
   write(u"4");
   const std::string bytes = readOn(watch);
-  ::close(watch);
   std::uint32_t last = 0;
   for (std::size_t at = 0; at < bytes.size();) {
     inotify_event event{};
@@ -175,15 +177,12 @@ TEST_F(JobFileFlushed, TakesANewFileWhereTheSecondIsNoLongerItsOwn) {
         std::ofstream(path("elsewhere")) << "another text";
         std::filesystem::create_symlink("elsewhere", spare);
       }};
+  const std::string spare = temporaryName(lockNumberOf(u"job.vqs"));
   for (const auto& meddle : meddlings) {
     for (int i = 30; i < 33; ++i) write(number(i));
-    auto others = names();
-    others.erase("job.vqs");
-    const auto spare =
-        std::ranges::find_if(others, [](const std::string& name) { return name.ends_with(".tmp"); });
-    ASSERT_NE(spare, others.end());
-    const std::string former = bytes(*spare);
-    meddle(path(*spare));
+    ASSERT_TRUE(names().contains(spare));
+    const std::string former = bytes(spare);
+    meddle(path(spare));
     for (int i = 40; i < 43; ++i) write(number(i));
     EXPECT_EQ(bytes(), onDiskWith(number(42)));
     for (const char* kept : {"taken", "linked"}) {
@@ -195,10 +194,44 @@ TEST_F(JobFileFlushed, TakesANewFileWhereTheSecondIsNoLongerItsOwn) {
   EXPECT_EQ(bytes("elsewhere"), "another text");
 }
 
-// Ways to have the job file as it is now, whatever is written later; each gives a function that reads it.
+// What reads the job file as it was when that was made.
+using Reader = std::function<std::string()>;
+
+Reader openFile(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  std::string begin(7, '\0');
+  EXPECT_EQ(::read(file, begin.data(), begin.size()), 7);
+  return [=] { return begin + readOn(file); };
+}
+
+Reader mapping(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const auto size = static_cast<std::size_t>(::lseek(file, 0, SEEK_END));
+  void* const at = ::mmap(nullptr, size, PROT_READ, MAP_SHARED, file, 0);
+  EXPECT_NE(at, MAP_FAILED);
+  ::close(file);
+  return [=] {
+    std::string bytes(static_cast<const char*>(at), size);
+    ::munmap(at, size);
+    return bytes;
+  };
+}
+
+Reader hardLink(const std::string& path) {
+  const std::string name = path + ".backup";
+  std::filesystem::create_hard_link(path, name);
+  return [=] {
+    const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+    std::filesystem::remove(name);
+    return readOn(file);
+  };
+}
+
 struct Holder : Row {
-  std::function<std::function<std::string()>(const std::string& path)> hold;
+  Reader (*hold)(const std::string& path);
 };
+
+constexpr Holder kHolders[] = {{{"OpenFile"}, openFile}, {{"Mapping"}, mapping}, {{"HardLink"}, hardLink}};
 
 class JobFileHeld : public JobFileFlushed, public testing::WithParamInterface<Holder> {};
 
@@ -211,42 +244,6 @@ TEST_P(JobFileHeld, StaysAsItWas) {
     EXPECT_EQ(read(), expected);
   }
 }
-
-const Holder kHolders[] = {{{"OpenFile"},
-                            [](const std::string& path) {
-                              const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-                              std::string begin(7, '\0');
-                              EXPECT_EQ(::read(file, begin.data(), begin.size()), 7);
-                              return [=] {
-                                std::string bytes = begin + readOn(file);
-                                ::close(file);
-                                return bytes;
-                              };
-                            }},
-                           {{"Mapping"},
-                            [](const std::string& path) {
-                              const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-                              const auto size = static_cast<std::size_t>(::lseek(file, 0, SEEK_END));
-                              void* const at = ::mmap(nullptr, size, PROT_READ, MAP_SHARED, file, 0);
-                              EXPECT_NE(at, MAP_FAILED);
-                              ::close(file);
-                              return [=] {
-                                std::string bytes(static_cast<const char*>(at), size);
-                                ::munmap(at, size);
-                                return bytes;
-                              };
-                            }},
-                           {{"HardLink"}, [](const std::string& path) {
-                              const std::string name = path + ".backup";
-                              std::filesystem::create_hard_link(path, name);
-                              return [=] {
-                                const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
-                                std::string bytes = readOn(file);
-                                ::close(file);
-                                std::filesystem::remove(name);
-                                return bytes;
-                              };
-                            }}};
 
 INSTANTIATE_TEST_SUITE_P(By, JobFileHeld, testing::ValuesIn(kHolders), rowName);
 
@@ -273,7 +270,6 @@ TEST_F(JobFileFlushed, IsNeverTornForReadersThatPause) {
     const auto paused = writes[0] + i % 4;
     while (writes[0] < paused) std::this_thread::yield();
     text += readOn(file);
-    ::close(file);
     const auto digit = static_cast<char16_t>(text[16]);
     EXPECT_EQ(text, onDiskWith(Text((text.size() - 20) / 2, digit)));
   }

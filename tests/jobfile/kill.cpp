@@ -17,8 +17,8 @@ constexpr TextView kValue = u"some value of ordinary length";
 // Writers of one file, each with two keys of its own, one before and one behind 300 others.
 class Writers {
  public:
-  Writers(Text job, int count, bool flush = false)
-      : job_(std::move(job)), flush_(flush), acknowledged_(static_cast<std::size_t>(count)) {
+  Writers(Text job, int count, bool flushes = false)
+      : job_(std::move(job)), flushes_(flushes), acknowledged_(static_cast<std::size_t>(count)) {
     JobFile file(job_);
     file.together([&] {
       for (int writer = 0; writer < count; ++writer) file.write(u"A", keyOf(writer), u"0");
@@ -61,7 +61,7 @@ class Writers {
   // Two keys of one scope, so that a torn file would show them unequal; acknowledged once written.
   bool write(int writer, int from) const {
     JobFile file(job_);
-    file.flushEveryWrite(flush_);
+    file.flushEveryWrite(flushes_);
     for (int i = from + 1; i > from; ++i) {
       file.together([&] {
         file.write(u"A", keyOf(writer), number(i));
@@ -92,7 +92,7 @@ class Writers {
   }
 
   Text job_;
-  bool flush_;
+  bool flushes_;
   SharedNumbers acknowledged_;
   std::vector<pid_t> processes_;
 };
@@ -116,6 +116,24 @@ class JobFileKill : public MeetingFolder {
     return left;
   }
 
+  struct Kills {
+    int writes = 0;
+    int left = 0;  // temporaries
+  };
+
+  Kills killTheOnlyWriter(bool flushes) {
+    Writers writers(published(), 1, flushes);
+    Kills kills;
+    for (int trial = 0; trial < trials_ && !HasFailure(); ++trial) {
+      live();
+      kills.writes = writers.killAndCheck(0);
+      kills.left += leavesNothing();
+      writers.restart(0, kills.writes);
+    }
+    EXPECT_GT(kills.writes, trials_ / 10);
+    return kills;
+  }
+
   const int trials_ = kTrials * soakFactor();
 
  private:
@@ -135,31 +153,15 @@ class JobFileKill : public MeetingFolder {
 };
 
 TEST_F(JobFileKill, OfTheOnlyWriterLeavesNothingInTheWay) {
-  Writers writers(published(), 1);
-  int last = 0, left = 0;
-  for (int trial = 0; trial < trials_ && !HasFailure(); ++trial) {
-    live();
-    last = writers.killAndCheck(0);
-    left += leavesNothing();
-    writers.restart(0, last);
-  }
-  EXPECT_GT(last, trials_ / 10);
+  const auto [writes, left] = killTheOnlyWriter(false);
   EXPECT_GT(left, 0) << "no kill fell between creation and exchange: the trials show nothing";
-  std::printf("kill: %d trials with one writer in %d writes, %d left a temporary\n", trials_, last, left);
+  std::printf("kill: %d trials with one writer in %d writes, %d left a temporary\n", trials_, writes, left);
 }
 
 // Killed at any moment, such a writer leaves the file before the last one too.
 TEST_F(JobFileKill, OfAWriterThatFlushesLeavesNothingInTheWay) {
-  Writers writers(published(), 1, true);
-  int last = 0;
-  for (int trial = 0; trial < trials_ && !HasFailure(); ++trial) {
-    live();
-    last = writers.killAndCheck(0);
-    leavesNothing();
-    writers.restart(0, last);
-  }
-  EXPECT_GT(last, trials_ / 10);
-  std::printf("kill: %d trials with one writer that flushes in %d writes\n", trials_, last);
+  const int writes = killTheOnlyWriter(true).writes;
+  std::printf("kill: %d trials with one writer that flushes in %d writes\n", trials_, writes);
 }
 
 TEST_F(JobFileKill, OfOneOfManyLosesNothingOfAnybody) {

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Writers of several systems on one job file: mixed.py --native PROGRAM [--windows PROGRAM RUNNER READER] [--count N]
 
-Three native writers, one of which flushes every write, two under the runner and a reader that uses the profile functions work at once. Every writer must
-find its own values, the file must hold the last one of each, and the reader must never see it torn. Before that, a writer
-of either kind must leave alone a former job file that is still read, in the place of the temporary. Ends with 77 where a
-program is missing. ORVANE_SOAK_FACTOR multiplies the count.
+Three native writers, one of which flushes every write, two under the runner and a reader that uses the profile functions
+work at once. Every writer must find its own values, the file must hold the last one of each, and the reader must never see
+it torn. Before that, a writer of each kind must leave alone a former job file that is still read, in the place of the
+temporary. Ends with 77 where a program is missing. ORVANE_SOAK_FACTOR multiplies the count.
 """
 
 import argparse
