@@ -26,6 +26,23 @@ TEST_F(Store, ReadsAFileAgainThatWasChangedMeanwhile) {
   EXPECT_EQ(calls.count(), 2) << "the content of one reading may be of two moments";
 }
 
+TEST_F(Store, IsReadOnceToLoadADocument) {
+  const VqDocumenti factory;
+  {
+    const auto fax = factory.NuovoDocumentoFax();
+    fax->Inizializza(u"1", folder_.path());
+    for (const TextView name : {u"a.pdf", u"b.pdf", u"c.pdf"}) fax->Allegati.Add(folder_.path(), name);
+    fax->Allegati.Salva();
+  }
+  for (const char* call : {"read", "open"}) {
+    const auto loaded = factory.NuovoDocumentoFax();
+    const SystemCalls calls({.name = call});
+    loaded->Carica(folder_.path(), u"1.vqf");
+    EXPECT_EQ(calls.count(), 1) << call;
+    EXPECT_EQ(loaded->Allegati.Count(), 3);
+  }
+}
+
 TEST_F(Store, TakesAFileAsItIsThatNeverRests) {
   JobFile file(name_);
   EXPECT_EQ(errorWith({.at = 0, .code = kNothingDone, .onward = true, .name = "read"},
