@@ -67,8 +67,18 @@ DiskFile::~DiskFile() {
 
 JobLock DiskFile::lock() {
   settle();
+  return JobLock(folderLock(), lockNumber_);
+}
+
+FolderLock& DiskFile::folderLock() {
   if (!folderLock_) folderLock_ = FolderLock::of(folder_);
-  return JobLock(*folderLock_, lockNumber_);
+  return *folderLock_;
+}
+
+void DiskFile::checkWritable(const Stamp& old) {
+  settle();
+  checkRights(old);
+  folderLock().prepare();
 }
 
 void DiskFile::settle() {

@@ -58,6 +58,10 @@ class DiskFile {
   /// Keeps other writers of the same file away. Raises 70 after ten seconds, 76 where the folder is missing.
   JobLock lock();
 
+  /// Raises what `replace` of the file seen as `old` would raise for want of the folder (76) or of a right
+  /// (70). Makes the lock file where that is missing.
+  void checkWritable(const Stamp& old);
+
   struct Replaced {
     Stamp stamp;
     bool exact;  ///< the stamp is sure to differ from that of any later content
@@ -75,6 +79,8 @@ class DiskFile {
  private:
   static std::string targetOf(std::string path);
   void settle();
+  FolderLock& folderLock();
+  void checkRights(const Stamp& old) const;
   bool tryStamp(Stamp& stamp) const noexcept;
   void writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable);
   bool writeSpare(const Stamp& spare, std::string_view bytes, const Stamp& old, std::int64_t modified);

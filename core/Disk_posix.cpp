@@ -59,6 +59,18 @@ bool readAll(const OpenFile& file, std::string& bytes, std::size_t size) {
   return true;
 }
 
+void raiseIfReadOnly(const Stamp& old) {
+  if (old.exists && (old.permissions & kWritable) == 0) raiseErrno(EACCES);
+}
+
+// In a sticky folder only for their owner, the folder's and root.
+bool mayReplaceFilesOf(uid_t owner, const std::string& folder) {
+  const uid_t user = ::geteuid();
+  struct stat state {};
+  if (user == 0 || user == owner || ::stat(folder.c_str(), &state) != 0) return true;
+  return (state.st_mode & S_ISVTX) == 0 || state.st_uid == user;
+}
+
 constexpr int kCreate = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
 
 mode_t wantedMode(const Stamp& old) { return old.exists ? old.permissions : 0666; }
@@ -142,8 +154,15 @@ Stamp DiskFile::read(std::string& bytes) const {
   }
 }
 
+void DiskFile::checkRights(const Stamp& old) const {
+  raiseIfReadOnly(old);
+  const std::string folder = folder_.empty() ? "." : folder_;
+  if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) raiseLastSystemError();
+  if (old.exists && !mayReplaceFilesOf(old.owner, folder)) raiseErrno(EPERM);
+}
+
 void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
-  if (old.exists && (old.permissions & kWritable) == 0) raiseErrno(EACCES);
+  raiseIfReadOnly(old);
   OpenFile file(temporary_, kCreate, wantedMode(old));
   if (!file.isOpen() && errno == EEXIST) {
     // Its maker was killed or has kept it: nobody else can be writing it while the lock is ours.

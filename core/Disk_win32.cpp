@@ -143,6 +143,10 @@ Handle makeAnew(const std::wstring& path, DWORD attributes) {
   }
 }
 
+void raiseIfReadOnly(const Stamp& old) {
+  if (old.permissions & FILE_ATTRIBUTE_READONLY) raiseSystemError(ERROR_ACCESS_DENIED);
+}
+
 void writeAll(const Handle& file, std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD put = 0;
@@ -225,8 +229,14 @@ Stamp DiskFile::read(std::string& bytes) const {
   }
 }
 
+void DiskFile::checkRights(const Stamp& old) const {
+  raiseIfReadOnly(old);
+  const Handle folder(widePath(folder_), FILE_ADD_FILE, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+  if (!folder.isOpen()) raiseLastSystemError();
+}
+
 void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
-  if (old.permissions & FILE_ATTRIBUTE_READONLY) raiseSystemError(ERROR_ACCESS_DENIED);
+  raiseIfReadOnly(old);
   const Handle file = makeAnew(widePath(temporary_), FILE_ATTRIBUTE_NORMAL | old.permissions);
   writeAll(file, bytes);
   const FILETIME time = fileTime(modified);

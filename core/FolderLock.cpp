@@ -36,6 +36,12 @@ std::shared_ptr<FolderLock> FolderLock::of(const std::string& folder) {
   return lock;
 }
 
+// Whoever else is using it has it open.
+void FolderLock::prepare() {
+  const std::unique_lock mine(used_, std::try_to_lock);
+  if (mine.owns_lock()) file_.open();
+}
+
 void FolderLock::lock(std::uint32_t number) {
   Patience patience(kLongestWait);
   const auto wait = [&] {

@@ -44,11 +44,13 @@ class LockFile {
 
   void unlock(std::uint32_t number) noexcept;
 
+  /// Opens the file if it is not open, creating it where it is missing. Raises 76 where the folder is.
+  void open();
+
  private:
   static std::uint64_t queueOf(std::uint32_t number) { return number * kBytes; }
   static std::uint64_t writerOf(std::uint32_t number) { return number * kBytes + kPlaces; }
 
-  void open();
   void close() noexcept;
   bool take(std::uint64_t offset, std::uint64_t length);
   bool give(std::uint64_t offset, std::uint64_t length) noexcept;
@@ -75,6 +77,9 @@ class FolderLock {
   static std::shared_ptr<FolderLock> of(const std::string& folder);
 
   explicit FolderLock(const std::string& folder) : file_(folder) {}
+
+  /// Opens the lock file, or raises what `lock` would raise for one that cannot be had.
+  void prepare();
 
   /// Waits at most ten seconds, then raises 70.
   void lock(std::uint32_t number);

@@ -74,6 +74,8 @@ void JobFile::applyInScope() {
   try {
     look();
     apply();
+    if (edited_ && !writable_) disk().checkWritable(stamp_);
+    writable_ = edited_;
   } catch (...) {
     changes_.pop_back();
     forgetImage();
@@ -90,7 +92,7 @@ void JobFile::apply() {
 
 // Asks the disk only where the image says that there is nothing to change.
 bool JobFile::changesNothing() {
-  if (!stamp_.exists || !image_.isCanonical() || edited_) return false;
+  if (edited_) return false;
   if (snapshot_) return true;
   if (!trusted_) return false;
   for (const Change& change : changes_) {
@@ -114,7 +116,7 @@ void JobFile::land() {
   const JobLock lock = disk().lock();
   if (!trusted_ || disk().stamp() != stamp_) load();
   apply();
-  if (edited_ || !image_.isCanonical()) exchangeFile();
+  if (edited_) exchangeFile();
 }
 
 void JobFile::exchangeFile() {
@@ -124,7 +126,6 @@ void JobFile::exchangeFile() {
   trusted_ = exact;
   edited_ = false;
   unflushed_ = !flushed_;
-  image_.bytesAreStored();
 }
 
 void JobFile::forgetChanges() noexcept {
@@ -137,14 +138,20 @@ void JobFile::forgetImage() noexcept {
   trusted_ = false;
   snapshot_ = false;
   edited_ = false;
+  writable_ = false;
   applied_ = 0;
+}
+
+void JobFile::landSoFar() {
+  landUnlessDone();
+  snapshot_ = false;
+  writable_ = false;
 }
 
 void JobFile::leave() {
   if (--depth_ > 0) return;
   const bool flushNow = std::exchange(flushAtEnd_, false);
-  landUnlessDone();
-  snapshot_ = false;
+  landSoFar();
   if (flushNow) flush();
 }
 

@@ -24,7 +24,8 @@ namespace orvane {
 /// Errors: 70 access refused, or the lock not had within ten seconds; 76 the folder is missing (writing
 /// only); 61 no room; 57 the device failed; 52 a name that cannot be a file's; 67 no handle left; 7 a file of
 /// more than 2 GB; 75 anything else, as a directory of that name. After an error the file is what it was;
-/// after that of a flush it may be the new one, not known to be on the device.
+/// after that of a flush it may be the new one, not known to be on the device. A write that changes nothing
+/// writes nothing and needs no right to.
 class JobFile {
  public:
   /// `fullName` is folder\name. Touches nothing.
@@ -51,6 +52,10 @@ class JobFile {
   /// `canBeSection`, `canBeKey`).
   void write(TextView section, TextView key, TextView value);
 
+  /// Inside `together`: lands what has been written so far, so that what comes next is done only if it is in
+  /// the file. The scope goes on with a new snapshot.
+  void landSoFar();
+
   /// Puts the file and its name on the device. Inside `together` this is done after the writes have landed.
   void flush();
 
@@ -60,6 +65,10 @@ class JobFile {
   /// Does `work` with one snapshot of the file for all its reads, which see its writes too; all its writes
   /// land in one replace at its end. Nests: the outermost lands. If `work` throws, what it has written so far
   /// lands and the exception goes on, whatever becomes of the landing.
+  ///
+  /// The first write that changes something raises where the file cannot be replaced for want of its folder
+  /// or of a right. What only a try shows (a device that is full or fails, a lock that is not had in time) is
+  /// raised at the end, by the landing: then none of the writes is in the file, and `work` has been done.
   template <class Work>
   decltype(auto) together(Work&& work) {
     Scope scope(*this);
@@ -123,8 +132,9 @@ class JobFile {
   std::unique_ptr<DiskFile> disk_;
   ProfileText image_;  // what the file of stamp `stamp_` holds, with the first `applied_` changes made
   Stamp stamp_;
-  bool trusted_ = false;  // no other content can have that stamp
-  bool edited_ = false;   // the changes made have changed the image
+  bool trusted_ = false;   // no other content can have that stamp
+  bool edited_ = false;    // the changes made have changed the image
+  bool writable_ = false;  // as far as could be told when the scope first changed it
   Text words_;
   std::vector<Change> changes_;
   std::size_t applied_ = 0;

@@ -81,7 +81,6 @@ void ProfileText::parse(std::string_view bytes) {
 
 void ProfileText::decode(std::string_view bytes) {
   using namespace std::string_view_literals;
-  canonical_ = bytes.starts_with("\xFF\xFE"sv) && bytes.size() % 2 == 0;
   text_.assign(1, kMark);
   if (bytes.starts_with("\xFF\xFE"sv) || bytes.starts_with("\xFE\xFF"sv)) {
     appendUtf16(text_, bytes.substr(2), bytes.starts_with("\xFE\xFF"sv));

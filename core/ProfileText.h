@@ -31,10 +31,6 @@ class ProfileText {
   /// The bytes to store: UTF-16LE with byte-order mark. Valid until the text changes.
   std::string_view bytes() const;
 
-  /// True where the file is in the stored form already: it was parsed from it, or `bytes` have been stored.
-  bool isCanonical() const { return canonical_; }
-  void bytesAreStored() { canonical_ = true; }
-
  private:
   // A section has `owner` kNone, and its `value` is the place for its next key.
   struct Entry {
@@ -78,7 +74,6 @@ class ProfileText {
   std::vector<Entry> entries_;
   std::vector<std::uint32_t> table_;  // open addressing, kNone is free; its size is a power of two
   mutable std::uint32_t lastSection_ = kNone;
-  bool canonical_ = false;
 };
 
 }  // namespace orvane

@@ -195,6 +195,11 @@ int lstat(const char* path, struct stat* state) {
   return fails("lstat") ? -1 : real(path, state);
 }
 
+int faccessat(int folder, const char* path, int rights, int flags) {
+  static const auto real = original<int(int, const char*, int, int)>("faccessat");
+  return fails("faccessat") ? -1 : real(folder, path, rights, flags);
+}
+
 int statfs(const char* path, struct statfs* system) {
   static const auto real = original<int(const char*, struct statfs*)>("statfs");
   return fails("statfs") ? -1 : real(path, system);

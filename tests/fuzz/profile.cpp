@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   ProfileText again;
   again.parse(text.bytes());
-  insist(again.isCanonical());
+  insist(text.bytes().starts_with("\xFF\xFE") && text.bytes().size() % 2 == 0);
   insist(again.bytes() == text.bytes());
   insist(again.find(section, key) == TextView(wanted));
   Text room;

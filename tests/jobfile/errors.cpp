@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "tests/jobfile/JobFolder.h"
+#include "tests/support/PlainUser.h"
 #include "tests/support/TemporaryName.h"
 
 namespace orvane::test {
@@ -23,23 +24,6 @@ class JobFileErrors : public JobFolder {
   int readError(TextView name = u"job.vqs") const {
     return errorOf([&] { JobFile(published(name)).read(u"A", u"k"); });
   }
-};
-
-// Works as a user whom permissions bind, where the tests run as root.
-class AsPlainUser {
- public:
-  AsPlainUser() : was_(::geteuid()) {
-    if (was_ == 0) changed_ = ::seteuid(65534) == 0;
-  }
-  AsPlainUser(const AsPlainUser&) = delete;
-  AsPlainUser& operator=(const AsPlainUser&) = delete;
-  ~AsPlainUser() {
-    if (changed_ && ::seteuid(was_) != 0) std::abort();
-  }
-
- private:
-  uid_t was_;
-  bool changed_ = false;
 };
 
 class Limit {
@@ -74,7 +58,7 @@ TEST_F(JobFileErrors, AFolderThatMayNotBeWrittenIsError70) {
   put(kOld);
   ::chmod(folder_.c_str(), 0555);
   {
-    const AsPlainUser user;
+    const PlainUser user;
     EXPECT_EQ(writeError(), 70);
   }
   EXPECT_EQ(bytes(), kOld);
@@ -85,7 +69,7 @@ TEST_F(JobFileErrors, AFileThatMayNotBeReadIsError70) {
   put(kOld);
   ::chmod(folder_.c_str(), 0777);
   ::chmod(path().c_str(), 0);
-  const AsPlainUser user;
+  const PlainUser user;
   EXPECT_EQ(readError(), 70);
   EXPECT_EQ(writeError(), 70);
 }
