@@ -54,9 +54,14 @@ void Document::Carica(TextView Percorso, TextView NomeFile) {
   loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
     Proprieta.FileIntestazione = {Text(Percorso), Text(NomeFile)};
     file_ = file;
-    bindAndLoad(file_, Proprieta);
-    loadFields(*file_);
-    loadComponents(file_);
+    try {
+      bindAndLoad(file_, Proprieta);
+      loadFields(*file_);
+      loadComponents(file_);
+    } catch (...) {
+      forgetLoadedLinks();
+      throw;
+    }
   });
   Inizializzato = true;
 }

@@ -28,13 +28,15 @@ class Document : public Fields, protected Owner {
 
   /// Bind to the job file `Id` with the kind's extension (the linked one where `Collegato`) in an existing
   /// folder, and write identity and kind into it. Error 445 where bound already, 76 where the folder is empty
-  /// or missing; then nothing changes. An error of the job-file store leaves the document half bound and not
-  /// initialised.
+  /// or missing; then nothing changes. Where the job file may not be written (error 70) `Id` has its new
+  /// value and `Proprieta` alone is bound; on a full device (61), which shows only when all is written, all
+  /// components are. Either way the document is not initialised, and can be bound elsewhere.
   void Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collegato = false);
 
   /// Bind to an existing job file and read everything back, from one reading of the file. Error 445 where
   /// bound already, 76 where the folder is empty or missing, 53 where the file is, 28 where its linked
-  /// documents lead back to it.
+  /// documents lead back to it or are too many levels deep for the stack. After an error what had been read
+  /// stays, but for linked documents that it added, and it can be tried again, with this file or another.
   void Carica(TextView Percorso, TextView NomeFile);
 
   /// The document as XML text, without a line break at its end. Changes nothing, in any state.
@@ -51,6 +53,9 @@ class Document : public Fields, protected Owner {
   virtual void loadComponents(const std::shared_ptr<JobFile>& file) = 0;
   virtual void renderComponents(XmlWriter& xml) const = 0;
 
+  /// Takes the linked documents out that a load which has failed has added.
+  virtual void forgetLoadedLinks() noexcept = 0;
+
   /// What a kind does once `Inizializza` has bound its components.
   virtual void initialised() {}
 
@@ -65,7 +70,8 @@ class Document : public Fields, protected Owner {
   void NodoXml(XmlWriter& xml) const;
 
   const DocumentKind& kind_;
-  std::shared_ptr<JobFile> file_;  // held for life, so that the kept image of the file lives as long
+  // Held for life, so that the kept image of the file lives as long.
+  std::shared_ptr<JobFile> file_ = ProfileAccess::noFile();
 };
 
 /// The checks that every binding begins with: error 445 where bound, 76 where the folder is empty or missing.

@@ -66,8 +66,25 @@ class KeyedCollection {
     byKey_.erase(own);
   }
 
+  /// Removes as many items from the end.
+  void removeLast(std::int32_t count) noexcept {
+    for (; count > 0; --count) {
+      const auto entry = byKey_.find(items_.back()->first);
+      items_.pop_back();
+      byKey_.erase(entry);
+    }
+  }
+
   void clear() {
     items_.clear();
+    byKey_.clear();
+  }
+
+  /// Removes all items and hands each to `take`, in no order.
+  template <class Take>
+  void drain(Take take) {
+    items_.clear();
+    for (auto& [key, item] : byKey_) take(std::move(item));
     byKey_.clear();
   }
 

@@ -59,6 +59,7 @@ class VqDocStampa : public Document {
   void bindComponents(const std::shared_ptr<JobFile>& file) override;
   void loadComponents(const std::shared_ptr<JobFile>& file) override;
   void renderComponents(XmlWriter& xml) const override;
+  void forgetLoadedLinks() noexcept override { Collegati.forgetLoaded(); }
   void initialised() override { Copie.reset(); }
 };
 

@@ -39,6 +39,7 @@ class VqDocEmail : public Document {
   void bindComponents(const std::shared_ptr<JobFile>& file) override;
   void loadComponents(const std::shared_ptr<JobFile>& file) override;
   void renderComponents(XmlWriter& xml) const override;
+  void forgetLoadedLinks() noexcept override { Collegati.forgetLoaded(); }
 };
 
 }  // namespace orvane

@@ -34,6 +34,8 @@ class WrappingDocument : protected Owner {
 
   /// Load the kind that section "Tipo" names, then what the wrapping adds. Errors 445, 76 and 53 as for every
   /// document, 445 for `vdt_Sconosciuto`; 91 where the file names no kind and there is no inner document yet.
+  /// Where what the wrapping adds cannot be read, an inner document that this call has made is let go, so
+  /// that it can be tried again; one that was there before stays bound.
   void Carica(TextView Percorso, TextView NomeFile);
 
   /// Bind the inner document, made anew as `Tipo` says if there is none, to the file `Id` with the wrapping

@@ -34,6 +34,7 @@ class TransmittedFax : public Document {
 
  protected:
   using Document::Document;
+  void forgetLoadedLinks() noexcept override { Collegati.forgetLoaded(); }
   void initialised() override { Dimensione.Codice = vdd_A4; }
 };
 

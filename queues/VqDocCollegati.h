@@ -1,21 +1,37 @@
 // The documents that the server handles together with a document: one design for the three kinds.
 #pragma once
 
+#include <utility>
+
 #include "core/Component.h"
 #include "core/KeyedCollection.h"
 #include "typelib/enumerations.h"
 
 namespace orvane {
 
-/// Raised (as error 28) when linked documents lead back to a document that is being loaded, or reach too
-/// deep.
+class VqDocStampa;
+class VqDocFax;
+class VqDocEmail;
+class TransmittedFax;
+
+/// A document whose linked documents are being loaded, and those that led to it. Raises error 28 where it is
+/// one of them, or where the stack does not suffice for another level; there is no other limit.
 class LoadingChain {
  public:
+  /// `jobFile` must outlive it.
   explicit LoadingChain(const Text& jobFile);
   ~LoadingChain();
   LoadingChain(const LoadingChain&) = delete;
   LoadingChain& operator=(const LoadingChain&) = delete;
+
+ private:
+  const Text& jobFile_;
+  const std::size_t hash_;
+  const LoadingChain* const outer_;
 };
+
+/// Lets go of a linked document. However many levels of links hang on it, that takes no more stack than one.
+void releaseLinked(std::shared_ptr<void> document) noexcept;
 
 /// Section "Collegati" of the owner's job file: where each linked document's own job file lies. Only `Copie`
 /// is written when it is set; the list is written by `Salva` and read when the owner is loaded, when a listed
@@ -27,11 +43,12 @@ class LinkedDocuments : public Component {
   using Pointer = std::shared_ptr<Document>;
 
   LinkedDocuments() : Component(u"Collegati", u"Collegati") {}
+  ~LinkedDocuments() override { RemoveAll(); }
 
   Copies Copie{*this, Traits::kept};
 
   /// Forget the documents. Their job files stay, and the list in the owner's job file too, until `Salva`.
-  void RemoveAll() { documents_.clear(); }
+  void RemoveAll() { documents_.drain(releaseLinked); }
 
   /// Append a document under its Id. Error 457 where that Id is there, 91 for no document. A document that
   /// its queue state says is deleted is silently left out, where the kind is one that does so.
@@ -54,9 +71,15 @@ class LinkedDocuments : public Component {
   void LeggiFile() override;
 
  private:
+  friend VqDocStampa;
+  friend VqDocEmail;
+  friend TransmittedFax;
   void addListed(ProfileAccess& access, JobFile& file, std::int32_t position);
+  /// Takes out what the last load has added.
+  void forgetLoaded() noexcept { documents_.removeLast(std::exchange(loaded_, 0)); }
 
   KeyedCollection<Document> documents_;
+  std::int32_t loaded_ = 0;  // of them, at the end, by a load
 };
 
 /// What keeps a kind out of the collection, and whether the collection has XML.
@@ -77,9 +100,6 @@ struct TransmittedLinks {
   }
 };
 
-class VqDocStampa;
-class VqDocFax;
-class VqDocEmail;
 using VqDocCollegatiStampa = LinkedDocuments<VqDocStampa, PrintLinks>;
 using VqDocCollegatiFax = LinkedDocuments<VqDocFax, TransmittedLinks<vdcf_Eliminato>>;
 using VqDocCollegatiEmail = LinkedDocuments<VqDocEmail, TransmittedLinks<vdce_Eliminato>>;

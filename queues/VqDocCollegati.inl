@@ -36,11 +36,16 @@ void LinkedDocuments<Document, Traits>::LeggiFile() {
   const auto file = jobFile();
   const std::int32_t count = access.LeggiQuanti(*file, section(), u"NumeroCollegati");
   const LoadingChain link(file->fullName());
-  for (std::int32_t position = 0; position < count; ++position) addListed(access, *file, position);
+  const std::int32_t before = Count();
+  for (std::int32_t position = 0; position < count; ++position) {
+    addListed(access, *file, position);
+    loaded_ = Count() - before;
+  }
 }
 
 template <class Document, class Traits>
-void LinkedDocuments<Document, Traits>::addListed(ProfileAccess& access, JobFile& file, std::int32_t position) {
+void LinkedDocuments<Document, Traits>::addListed(ProfileAccess& access, JobFile& file,
+                                                  std::int32_t position) {
   const Text index = decimalText(position);
   const Text folder = access.LeggiTesto(file, section(), u"Percorso" + index);
   const Text name = access.LeggiTesto(file, section(), u"Nome" + index);
