@@ -3,6 +3,7 @@
 #include "codes/VqDocResDll.h"
 #include "core/Error.h"
 #include "core/Paths.h"
+#include "core/Stack.h"
 
 namespace orvane {
 
@@ -46,10 +47,12 @@ void copyProperties(const VqDocProprieta& from, VqDocProprieta& to) {
   to.Collegato = from.Collegato;
 }
 
+// What was copied before is in the job file before a byte of the file is touched.
 void copyBodyFile(const VqDocFile& from, VqDocFile& to, const VqDocProprieta& properties,
-                  const char16_t* extension) {
-  FileSystem& fileSystem = Apartment::fileSystem();
+                  const char16_t* extension, JobFile& job) {
+  const FileSystem& fileSystem = Apartment::fileSystem();
   if (!fileSystem.fileExists(from.File())) return;
+  job.landSoFar();
   to.Percorso = properties.bodyFolder();
   to.Nome = properties.Id.get() + extension;
   fileSystem.copyFile(from.File(), to.File());
@@ -80,15 +83,19 @@ void VqDocumenti::flushEveryWrite(bool on) const { Apartment::profileAccess().fl
 
 void VqDocumenti::DuplicaDocumentoStampa(const std::shared_ptr<VqDocStampa>& DocOriginale,
                                          const std::shared_ptr<VqDocStampa>& DocDestinazione) const {
-  if (!DocOriginale || !DocDestinazione) throw Error(ErrorNumber::ObjectNotSet);
-  const VqDocStampa& from = *DocOriginale;
-  VqDocStampa& to = *DocDestinazione;
-  to.jobFile()->together([&] {
+  checkStack();
+  // Either may be owned by a list of links alone, which this changes.
+  const auto source = DocOriginale, destination = DocDestinazione;
+  if (!source || !destination) throw Error(ErrorNumber::ObjectNotSet);
+  const VqDocStampa& from = *source;
+  VqDocStampa& to = *destination;
+  const auto file = to.file_;
+  file->together([&] {
     copyPrintOptions(from, to);
     copyQueue(from, to);
     copyProperties(from.Proprieta, to.Proprieta);
-    copyBodyFile(from.Proprieta.FileCorpo, to.Proprieta.FileCorpo, to.Proprieta, u".bvq");
-    copyBodyFile(from.Proprieta.FileScript, to.Proprieta.FileScript, to.Proprieta, u".svq");
+    copyBodyFile(from.Proprieta.FileCorpo, to.Proprieta.FileCorpo, to.Proprieta, u".bvq", *file);
+    copyBodyFile(from.Proprieta.FileScript, to.Proprieta.FileScript, to.Proprieta, u".svq", *file);
     to.Proprieta.CatalogoSorgente.copyCodes(from.Proprieta.CatalogoSorgente);
     to.Diretta.CatalogoDestinazione.copyCodes(from.Diretta.CatalogoDestinazione);
     duplicateLinked(from, to);

@@ -30,9 +30,13 @@ class VqDocumenti {
   /// Copy print options, queue state, properties, body and script files, control codes and linked jobs of a
   /// print document into another that is bound already. Not copied: pages, `Pinzatura`, `Id`, `Intestatario`,
   /// `Funzione`, `LetturaFacilitata`, the codes of error, command, outcome and kind. Each linked job becomes
-  /// `<Id>_<linked Id>.lvq` in the folder of the destination. Each job file is replaced once. Error 91 for no
-  /// document, 76 where the source has a body or script file and the destination no folder `Corpi` for it;
-  /// any error stops the copy, and what was copied stays.
+  /// `<Id>_<linked Id>.lvq` in the folder of the destination. Each job file is replaced once, or twice where
+  /// a body or script file is copied: what stands before it in the list above is in the job file before.
+  /// Error 91 for no document, 76 where the source has a body or script file and the destination no folder
+  /// `Corpi` for it, 28 where the links are too many levels deep for the stack; any error stops the copy, and
+  /// what was copied stays. A job file that may not be written stops it at the first option. A full device
+  /// may show only when a job file is replaced: then the values of that job are not in its file, and the
+  /// linked jobs made before are.
   void DuplicaDocumentoStampa(const std::shared_ptr<VqDocStampa>& DocOriginale,
                               const std::shared_ptr<VqDocStampa>& DocDestinazione) const;
 

@@ -8,7 +8,7 @@ class DuplicaDocumentoStampaTest : public JobTest {
  protected:
   TemporaryFolder target;
   FixedClock clock{dateOf(2026, 11, 20, 12)};
-  const std::shared_ptr<VqDocStampa> from = factory.NuovoDocumentoStampa();
+  std::shared_ptr<VqDocStampa> from = factory.NuovoDocumentoStampa();
   const std::shared_ptr<VqDocStampa> to = factory.NuovoDocumentoStampa();
 
   void SetUp() override {
@@ -242,6 +242,53 @@ TEST_F(DuplicaDocumentoStampaTest, CopiesIntoAnUnboundDocumentWithoutWriting) {
   EXPECT_EQ(unbound->Stampante.get(), u"Laser");
   EXPECT_EQ(unbound->Proprieta.Sigla.get(), u"FT");
   EXPECT_EQ(target.files(), (std::vector<Text>{u"100.vqs"}));
+}
+
+// A file system that tells what is in the job file when it is asked to copy.
+class LookingFileSystem : public FileSystem {
+ public:
+  explicit LookingFileSystem(Text job) : job_(std::move(job)) {}
+  bool folderExists(TextView folder) const override { return system_->folderExists(folder); }
+  bool fileExists(TextView file) const override { return system_->fileExists(file); }
+  std::vector<Text> files(TextView folder) const override { return system_->files(folder); }
+  std::string readBytes(TextView file, std::size_t most) const override {
+    return system_->readBytes(file, most);
+  }
+  void copyFile(TextView from, TextView to) const override {
+    seen += Text(to.substr(to.size() - 4)) + u": " + readJobFile(job_).value(u"Proprieta", u"Sigla") + u"; ";
+    system_->copyFile(from, to);
+  }
+  mutable Text seen;
+
+ private:
+  Text job_;
+  std::shared_ptr<FileSystem> system_ = systemFileSystem();
+};
+
+TEST_F(DuplicaDocumentoStampaTest, HasTheValuesInTheJobFileBeforeBodyAndScriptAreCopied) {
+  for (const char16_t* name : {u"5.bvq", u"5.svq"}) folder.write(name, "nuovo");
+  from->Proprieta.FileCorpo = {folder.path(), u"5.bvq"};
+  from->Proprieta.FileScript = {folder.path(), u"5.svq"};
+  std::filesystem::create_directory(target.native(u"Corpi"));
+  const auto looking = std::make_shared<LookingFileSystem>(target.file(u"100.vqs"));
+  Apartment::useFileSystem(looking);
+  VqDocumenti().DuplicaDocumentoStampa(from, to);
+  Apartment::useFileSystem(nullptr);
+  EXPECT_EQ(looking->seen, u".bvq: FT; .svq: FT; ");
+}
+
+TEST_F(DuplicaDocumentoStampaTest, TakesASourceThatOnlyTheLinksOfTheDestinationOwn) {
+  to->Collegati.Add(std::move(from));
+  factory.DuplicaDocumentoStampa(*to->Collegati.begin(), to);
+  EXPECT_EQ(to->Stampante.get(), u"Laser");
+  EXPECT_EQ(to->Collegati.Count(), 0);
+}
+
+TEST_F(DuplicaDocumentoStampaTest, StoresTheFirstValueWhereTheServicesAreReleased) {
+  { const VqDocumenti another; }
+  EXPECT_EQ(errorOf([&] { duplicate(); }), 91);
+  EXPECT_EQ(to->Alimentazione.Codice.get(), vda_CassettoCollegato);
+  EXPECT_EQ(to->Copie.get(), 1);
 }
 
 TEST_F(DuplicaDocumentoStampaTest, RefusesNoDocument) {
