@@ -151,7 +151,7 @@ void newJob(const Console& console, const NewOptions& options) {
   const JobKind& kind = jobKindNamed(options.kind);
   const JobKind* inner = innerKind(kind, options);
   if (options.id.empty()) throw UsageError("a job needs an ID");
-  const Session session;
+  const Session session(Purpose::Change);
   Text name = fromUtf8(options.id).append(options.linked ? kind.linkedExtension : kind.extension);
   Job job{&kind, FileName(fromUtf8(options.folder), std::move(name)), session.newDocument(kind, inner)};
   if (!options.force) refuseExisting(job.file);
@@ -162,14 +162,14 @@ void newJob(const Console& console, const NewOptions& options) {
 }
 
 void setMembers(const Console& console, const SetOptions& options) {
-  const Session session;
+  const Session session(Purpose::Change);
   const Job job = openWithPages(session, options.file, options.pages);
   const std::vector<Assignment> assignments = resolve(job.document, options.assignments);
   assign(console, session, job, options.pages, assignments);
 }
 
 void getMembers(const Console& console, const GetOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   const Job job = openWithPages(session, options.file, options.pages);
   std::vector<Reading> readings;
   for (const std::string& path : options.paths) readings.push_back(readMember(job.document, path));
@@ -180,7 +180,7 @@ void getMembers(const Console& console, const GetOptions& options) {
 }
 
 void show(const Console& console, const ShowOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   const Job job = openWithPages(session, options.file, options.pages);
   if (options.json) {
     showJobJson(job, console.out);
@@ -190,18 +190,18 @@ void show(const Console& console, const ShowOptions& options) {
 }
 
 void printXml(const Console& console, const XmlOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   const std::string xml = toUtf8(toText(call(session.open(options.file).document, u"Xml")));
   console.out << (options.pretty ? prettyXml(xml) : xml) << '\n';
 }
 
 void printCodes(const Console& console, const std::string& className) {
-  const Session session;
+  const Session session(Purpose::Look);
   listCodes(session, className, console.out);
 }
 
 void duplicate(const Console& console, const DuplicateOptions& options) {
-  const Session session;
+  const Session session(Purpose::Change);
   const Job job = session.open(options.file);
   const FileName file = duplicateName(job, options);
   refuseExisting(file);
@@ -216,7 +216,7 @@ void duplicate(const Console& console, const DuplicateOptions& options) {
 }
 
 void attach(const Console&, const AttachOptions& options) {
-  const Session session;
+  const Session session(Purpose::Change);
   const Job job = session.open(options.file);
   const ObjectRef attachments = attachmentsOf(job);
   for (const std::string& file : options.files) attachOne(attachments, file, options.missing);
@@ -224,7 +224,7 @@ void attach(const Console&, const AttachOptions& options) {
 }
 
 void link(const Console&, const LinkOptions& options) {
-  const Session session;
+  const Session session(Purpose::Change);
   const Job job = session.open(options.file);
   const ObjectRef links = objectOf(job.document, u"Collegati");
   for (const std::string& other : options.others) linkOne(session, job, links, other);

@@ -8,13 +8,13 @@
 namespace orvane::cli {
 
 ExitCode diff(const Console& console, const DiffOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   const Job a = session.open(options.a), b = session.open(options.b);
   return printDifferences(a, b, console.out) ? ExitCode::Found : ExitCode::Ok;
 }
 
 ExitCode check(const Console& console, const CheckOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   bool any = false;
   const Report report = [&](const std::string& file, const std::string& finding) {
     any = true;

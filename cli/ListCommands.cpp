@@ -63,12 +63,12 @@ void listTable(const Console& console, const ListOptions& options) {
 }  // namespace
 
 void list(const Console& console, const ListOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   options.json ? listJson(console, options) : listTable(console, options);
 }
 
 void exportJobs(const Console& console, const ExportOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   const bool csv = options.format == "csv";
   if (!csv && options.format != "jsonl") throw UsageError("--format is csv or jsonl, not " + options.format);
   if (csv) console.out << csvHeader() << '\n';

@@ -51,7 +51,7 @@ void writePage(const Session& session, const ReportOptions& options, const std::
 }  // namespace
 
 void report(const Console& console, const ReportOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   std::vector<JobRow> rows;
   {
     Progress progress(console.err, console.errorWidth, [&] { return countFiles(options.folder); });

@@ -39,6 +39,10 @@ FileName::FileName(Text inFolder, Text fileName)
       folder(absoluteFolder(typedFolder)),
       name(std::move(fileName)) {}
 
+Session::Session(Purpose purpose) : factory_(newVqDocumenti()) {
+  Apartment::profileAccess().readOnly(purpose == Purpose::Look);
+}
+
 ObjectRef Session::newDocument(const JobKind& kind, const JobKind* inner) const {
   const ObjectRef document = std::get<ObjectRef>(call(factory_, kind.factoryMethod));
   if (kind.wraps() && inner) {

@@ -29,10 +29,13 @@ struct Job {
   ObjectRef document;
 };
 
+/// What a command means to do with job files. One that looks leaves them as they are, whatever is loaded.
+enum class Purpose { Look, Change };
+
 /// Owns the factory, and with it the services that documents need: documents must not outlive it.
 class Session {
  public:
-  Session() : factory_(newVqDocumenti()) {}
+  explicit Session(Purpose purpose);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 

@@ -136,7 +136,7 @@ class Watcher {
 }  // namespace
 
 void watch(const Console& console, const WatchOptions& options) {
-  const Session session;
+  const Session session(Purpose::Look);
   Watcher(console, options).run();
 }
 

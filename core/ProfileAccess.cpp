@@ -78,16 +78,20 @@ bool ProfileAccess::LeggiBooleano(JobFile& file, Name section, Name key, bool mi
   return number ? *number != 0 : missing;
 }
 
+void ProfileAccess::write(JobFile& file, TextView section, TextView key, TextView value) const {
+  if (!readOnly_) file.write(section, key, value);
+}
+
 void ProfileAccess::ScriviTesto(JobFile& file, TextView section, TextView key, TextView value) {
-  file.write(section, key, value);
+  write(file, section, key, value);
 }
 
 void ProfileAccess::ScriviBooleano(JobFile& file, TextView section, TextView key, bool value) {
-  file.write(section, key, value ? u"-1" : u"0");
+  write(file, section, key, value ? u"-1" : u"0");
 }
 
 void ProfileAccess::ScriviNumero(JobFile& file, TextView section, TextView key, double value) {
-  file.write(section, key, numberText(value));
+  write(file, section, key, numberText(value));
 }
 
 void ProfileAccess::ScriviData(JobFile& file, TextView section, TextView key, Date value) {

@@ -57,7 +57,11 @@ class ProfileAccess {
   /// off by default.
   void flushEveryWrite(bool on);
 
+  /// From now on what this thread's documents write stays in the objects and reaches no file; off by default.
+  void readOnly(bool on) { readOnly_ = on; }
+
  private:
+  void write(JobFile& file, TextView section, TextView key, TextView value) const;
   std::shared_ptr<JobFile> find(const Text& fullName) const;
   std::shared_ptr<JobFile> make(const Text& fullName) const;
 
@@ -66,6 +70,7 @@ class ProfileAccess {
   static constexpr std::size_t kLeastSweep = 64;
   std::size_t sweepAt_ = kLeastSweep;
   bool flushEveryWrite_ = false;
+  bool readOnly_ = false;
 };
 
 }  // namespace orvane

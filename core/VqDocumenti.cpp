@@ -80,6 +80,7 @@ std::shared_ptr<VqDocEmail> VqDocumenti::NuovoDocumentoEmail() const {
 std::shared_ptr<VqDocPbl> VqDocumenti::NuovoDocumentoPbl() const { return std::make_shared<VqDocPbl>(); }
 
 void VqDocumenti::flushEveryWrite(bool on) const { Apartment::profileAccess().flushEveryWrite(on); }
+void VqDocumenti::readOnly(bool on) const { Apartment::profileAccess().readOnly(on); }
 
 void VqDocumenti::DuplicaDocumentoStampa(const std::shared_ptr<VqDocStampa>& DocOriginale,
                                          const std::shared_ptr<VqDocStampa>& DocDestinazione) const {

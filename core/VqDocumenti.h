@@ -45,6 +45,10 @@ class VqDocumenti {
   /// before the last one may stay beside such a job file, under the name of a temporary, while it is in use.
   void flushEveryWrite(bool on) const;
 
+  /// From now on assignments to this thread's documents stay in the objects: no job file is written, not even
+  /// by loading a fax that is not A4. For programs that only look, also into folders that may not be written.
+  void readOnly(bool on) const;
+
  private:
   void duplicateLinked(const VqDocStampa& from, VqDocStampa& to) const;
   static void copyQueue(const VqDocStampa& from, VqDocStampa& to);

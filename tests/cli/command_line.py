@@ -22,9 +22,9 @@ class CommandLineTest(unittest.TestCase):
         self.folder = pathlib.Path(folder.name).resolve()
         (self.folder / "jobs").mkdir()
 
-    def run_orvane(self, *arguments, stdout=subprocess.PIPE):
+    def run_orvane(self, *arguments, stdout=subprocess.PIPE, **options):
         result = subprocess.run([os.environ["ORVANE"], *arguments], cwd=self.folder, stdout=stdout,
-                                stderr=subprocess.PIPE, timeout=60, check=False)
+                                stderr=subprocess.PIPE, timeout=60, check=False, **options)
         return Outcome(result.returncode, (result.stdout or b"").decode("utf-8"), result.stderr.decode("utf-8"))
 
     def orvane(self, *arguments):

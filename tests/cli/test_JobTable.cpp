@@ -38,7 +38,7 @@ TEST(AgeText, HasOneUnit) {
 }
 
 TEST(JobTable, HasRoomForEveryStateWhereTheTerminalIsWide) {
-  const Session session;  // without it codes have no texts
+  const Session session(Purpose::Look);  // without it codes have no texts
   for (const JobKind& kind : allJobKinds()) {
     const QueueInfo& queue = queueOf(kind);
     for (const EnumMember& state : queue.states->members) {

@@ -34,7 +34,7 @@ TEST(ParsePath, RefusesWhatIsNoPath) {
 
 class Paths : public testing::Test {
  protected:
-  Session session_;
+  Session session_{Purpose::Change};
   ObjectRef document_ = session_.newDocument(jobKindNamed("stampa"));
 
   std::string read(const std::string& path) {

@@ -62,7 +62,7 @@ class Jobs {
   };
 
   void make(const JobKind& kind) {
-    const Session session;
+    const Session session(Purpose::Change);
     const JobKind* inner = kind.wraps() ? &jobKindNamed("stampa") : nullptr;
     const ObjectRef document = session.newDocument(kind, inner);
     const Text folder = fromUtf8(folder_);
@@ -156,7 +156,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
   if (text.size() >= 3 && text[0] == '=') text = pathAt(data[2] + 256u * data[3]) + '=' + text.substr(3);
-  const Session session;
+  const Session session(Purpose::Change);
   const Job job = session.open(jobs.reset(data[0]));
   if (assign(job, text)) {
     check(session, job, text);
