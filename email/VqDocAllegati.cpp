@@ -32,8 +32,8 @@ void VqDocAllegati::Salva() {
 }
 
 bool VqDocAllegati::VerificaEsistenzaFile() const {
-  const FileSystem& fileSystem = Apartment::fileSystem();
-  return std::all_of(begin(), end(), [&](const auto& file) { return fileSystem.fileExists(file->File()); });
+  return std::all_of(begin(), end(),
+                     [](const auto& file) { return Apartment::fileSystem().fileExists(file->File()); });
 }
 
 void VqDocAllegati::LeggiFile() {

@@ -37,7 +37,7 @@ class VqDocAllegati : public Component, private Owner {
   /// one replacement of the job file.
   void Salva();
 
-  /// True where every attached file exists. `FilePdf` is not looked for.
+  /// True where every attached file exists, so also where there is none. `FilePdf` is not looked for.
   bool VerificaEsistenzaFile() const;
 
   auto begin() const { return files_.begin(); }

@@ -200,6 +200,13 @@ TEST_F(VqDocAllegatiTest, JobFileWithoutTheSectionLoadsEmpty) {
 
 TEST_F(VqDocAllegatiTest, EmptyListHasAllItsFiles) { EXPECT_TRUE(list.VerificaEsistenzaFile()); }
 
+TEST_F(VqDocAllegatiTest, OnlyAttachedFilesAreLookedForInTheFileSystem) {
+  Apartment::release();
+  EXPECT_TRUE(list.VerificaEsistenzaFile());
+  list.Add(folder.path(), u"uno.txt");
+  EXPECT_EQ(errorOf([&] { list.VerificaEsistenzaFile(); }), 91);
+}
+
 TEST_F(VqDocAllegatiTest, OneMissingFileIsFoundOut) {
   folder.write(u"uno.txt", "");
   list.Add(folder.path(), u"uno.txt");
