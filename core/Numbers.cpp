@@ -1,5 +1,6 @@
 #include "core/Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -17,6 +18,9 @@ constexpr std::size_t kLongestNumber =
 // Below it, whole numbers are written with all their digits, which servers read with any conversion to an
 // integer.
 constexpr double kLongestPlain = 1e15;
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 Text widen(const char* begin, const char* end) { return Text(begin, end); }
 
@@ -66,8 +70,7 @@ std::optional<double> parseAny(std::string_view digits, bool negative) {
   const auto result = std::from_chars(digits.data(), end, number);
   if (result.ptr != end) return std::nullopt;
   if (result.ec != std::errc::result_out_of_range) return number;
-  const double infinity = std::numeric_limits<double>::infinity();
-  return isTiny(digits) ? 0 : negative ? -infinity : infinity;
+  return isTiny(digits) ? 0 : negative ? -kInfinity : kInfinity;
 }
 
 // Any number, if mostly one that is not short and whole.
@@ -78,20 +81,67 @@ std::optional<double> parseLonger(TextView text) {
                                  : parseAny(digits, digits.starts_with('-'));
 }
 
-Text displayText(double number, TextView separator, int digits) {
+// Numbers that no digits spell, as the run time displays them.
+struct Unspellable {
+  double number;
+  std::string_view word;
+};
+constexpr Unspellable kUnspellable[] = {
+    {kInfinity, "1.#INF"}, {-kInfinity, "-1.#INF"}, {kNotANumber, "1.#QNAN"}, {-kNotANumber, "-1.#IND"}};
+
+std::string_view wordOf(double number) {
+  const auto* const found = std::find_if(std::begin(kUnspellable), std::end(kUnspellable), [&](auto& row) {
+    return std::isnan(row.number) == std::isnan(number) && std::signbit(row.number) == std::signbit(number);
+  });
+  return found->word;
+}
+
+// A rounded number d.ddd times a power of ten, without zeros at its end.
+struct Scale {
+  int fraction;  // digits behind the point
+  int exponent;
+};
+
+// `number` is finite and not 0.
+Scale scaleOf(double number, int digits) {
   char buffer[kLongestNumber];
-  const double shown = number == 0 ? 0.0 : number;
-  const auto result =
-      std::to_chars(buffer, buffer + sizeof buffer, shown, std::chars_format::general, digits);
+  const char* const end =
+      std::to_chars(buffer, std::end(buffer), number, std::chars_format::scientific, digits - 1).ptr;
+  const std::string_view form(buffer, static_cast<std::size_t>(end - buffer));
+  const std::size_t mark = form.find('e'), point = form.find('.');
+  const std::size_t last = form.find_last_not_of(".0", mark - 1);
+  int exponent = 0;
+  std::from_chars(buffer + mark + 2, end, exponent);
+  return {last > point ? static_cast<int>(last - point) : 0, form[mark + 1] == '-' ? -exponent : exponent};
+}
+
+// The exponent form where the other would take more than `digits` digits before the point, or behind it.
+std::to_chars_result putDisplayed(char* begin, char* end, double number, int digits) {
+  const auto [fraction, exponent] = scaleOf(number, digits);
+  const int decimals = std::max(0, fraction - exponent);
+  const bool plain = exponent < digits && decimals <= digits;
+  return plain ? std::to_chars(begin, end, number, std::chars_format::fixed, decimals)
+               : std::to_chars(begin, end, number, std::chars_format::scientific, fraction);
+}
+
+Text displayed(std::string_view form, TextView separator) {
   Text out;
-  for (const char* c = buffer; c != result.ptr; ++c) {
-    if (*c == '.') {
+  for (const char c : form) {
+    if (c == '.') {
       out += separator;
     } else {
-      out += static_cast<char16_t>(*c == 'e' ? 'E' : *c);
+      out += static_cast<char16_t>(c == 'e' ? 'E' : c);
     }
   }
   return out;
+}
+
+Text displayText(double number, TextView separator, int digits) {
+  if (number == 0) return u"0";
+  if (!std::isfinite(number)) return displayed(wordOf(number), separator);
+  char buffer[kLongestNumber];
+  const char* const end = putDisplayed(buffer, std::end(buffer), number, digits).ptr;
+  return displayed({buffer, static_cast<std::size_t>(end - buffer)}, separator);
 }
 
 }  // namespace

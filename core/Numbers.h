@@ -56,8 +56,9 @@ inline std::optional<std::int32_t> parseLong(TextView text) {
 /// Decimal digits, with a leading minus for a negative value.
 Text decimalText(std::int64_t number);
 
-/// The run time's conversion of a double or a single: at most 15 or 7 significant digits, "1E-05", the given
-/// decimal separator.
+/// The run time's conversion of a double or a single: at most 15 or 7 significant digits, the given decimal
+/// separator, and an exponent where more than so many digits would stand before or behind it: "0.00001" but
+/// "4.16666666666667E-02". What is not finite is "1.#INF", "-1.#INF", "1.#QNAN" or "-1.#IND".
 Text displayText(double number, TextView separator);
 Text displayText(float number, TextView separator);
 

@@ -27,6 +27,8 @@ INSTANTIATE_TEST_SUITE_P(Positions, CollectionKeys,
                                          Key{"Zero", u"0", 0, {}}, Key{"NegativeDigits", u"-1", -1, {}},
                                          // 3.5 + 1 is 4.5, whose half goes to the even 4, the fourth item.
                                          Key{"Half", u"3.5", 3, {}}, Key{"HalfAsNumber", 0.5, 1, {}},
+                                         Key{"Small", u"0.00001", 0, {}},
+                                         Key{"SmallWithExponent", u"1E-16", 0, {}},
                                          Key{"FarPastTheEnd", 1e300, -1, {}},
                                          Key{"FarPastTheEndAsText", u"1E+20", -1, {}}),
                          rowName);
@@ -37,6 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Key{"TwoZeros", u"00", {}, u"00"}, Key{"BlankBefore", u" 2", {}, u" 2"},
                     Key{"BlankAfter", u"2 ", {}, u"2 "}, Key{"Plus", u"+2", {}, u"+2"},
                     Key{"PointWithoutFraction", u"2.0", {}, u"2.0"}, Key{"Exponent", u"1e2", {}, u"1e2"},
+                    Key{"NeedlessExponent", u"1E-05", {}, u"1E-05"},
+                    Key{"SixteenDecimals", u"0.0416666666666667", {}, u"0.0416666666666667"},
                     Key{"MinusZero", u"-0", {}, u"-0"}, Key{"Empty", u"", {}, u""},
                     Key{"DigitsAndMore", u"2_7", {}, u"2_7"}),
     rowName);

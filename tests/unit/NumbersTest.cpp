@@ -162,17 +162,49 @@ TEST_P(DisplayText, HasAtMostFifteenDigits) {
 
 INSTANTIATE_TEST_SUITE_P(Edges, DisplayText,
                          testing::Values(Spelling{"Zero", 0, u"0"}, Spelling{"MinusZero", -0.0, u"0"},
-                                         Spelling{"Half", -0.5, u"-0,5"}, Spelling{"Sum", 0.1 + 0.2, u"0,3"},
+                                         Spelling{"One", 1, u"1"}, Spelling{"Half", -0.5, u"-0,5"},
+                                         Spelling{"Sum", 0.1 + 0.2, u"0,3"},
                                          Spelling{"Third", 1.0 / 3, u"0,333333333333333"},
                                          Spelling{"TwoThirds", 2.0 / 3, u"0,666666666666667"},
-                                         Spelling{"TenThousandth", 0.0001, u"0,0001"},
-                                         Spelling{"HundredThousandth", 0.00001, u"1E-05"},
-                                         Spelling{"SmallWithDigits", 0.000012345, u"1,2345E-05"},
+                                         Spelling{"NearlyOne", 1 - 1e-16, u"1"},
+                                         Spelling{"DayAndAThird", 39814 + 1.0 / 3, u"39814,3333333333"},
                                          Spelling{"FifteenDigits", 123456789012345, u"123456789012345"},
                                          Spelling{"SixteenDigits", 1234567890123456, u"1,23456789012346E+15"},
+                                         Spelling{"NearlyThousandBillions", 999999999999999.9, u"1E+15"},
                                          Spelling{"ThousandBillions", 1e15, u"1E+15"},
-                                         Spelling{"Huge", 1e300, u"1E+300"}),
+                                         Spelling{"Huge", 1e300, u"1E+300"},
+                                         Spelling{"Infinity", kInfinity, u"1,#INF"},
+                                         Spelling{"MinusInfinity", -kInfinity, u"-1,#INF"},
+                                         Spelling{"NotANumber", std::nan(""), u"1,#QNAN"},
+                                         Spelling{"MinusNotANumber", -std::nan(""), u"-1,#IND"}),
                          rowName);
+
+// Fifteen decimals at most, whatever the number of zeros among them.
+INSTANTIATE_TEST_SUITE_P(
+    Small, DisplayText,
+    testing::Values(Spelling{"ThreeDecimals", 0.075, u"0,075"},
+                    Spelling{"HundredThousandth", 0.00001, u"0,00001"},
+                    Spelling{"SmallWithDigits", 0.000012345, u"0,000012345"},
+                    Spelling{"Billionth", 1e-12, u"0,000000000001"},
+                    Spelling{"LastDecimal", 1e-15, u"0,000000000000001"},
+                    Spelling{"PastTheLastDecimal", 1e-16, u"1E-16"},
+                    Spelling{"TwoLastDecimals", 1.5e-14, u"0,000000000000015"},
+                    Spelling{"OneOfTwoPastTheLast", 1.5e-15, u"1,5E-15"},
+                    Spelling{"FifteenDecimals", -0.0123456789012345 * 10, u"-0,123456789012345"},
+                    Spelling{"SixteenDecimals", -0.0123456789012345, u"-1,23456789012345E-02"},
+                    Spelling{"Hour", 1.0 / 24, u"4,16666666666667E-02"},
+                    Spelling{"Minute", 1.0 / 1440, u"6,94444444444444E-04"},
+                    Spelling{"SeventyFiveOf999", 75.0 / 999, u"7,50750750750751E-02"},
+                    Spelling{"Tiny", 1e-300, u"1E-300"}),
+    rowName);
+
+TEST(DisplayTextOfASingle, HasAtMostSevenDigitsAndDecimals) {
+  const std::pair<float, TextView> rows[] = {
+      {0.1F, u"0,1"},           {1 / 3.0F, u"0,3333333"}, {1 / 24.0F, u"4,166667E-02"},
+      {0.00001F, u"0,00001"},   {1e-7F, u"0,0000001"},    {1e-8F, u"1E-08"},
+      {9999999.0F, u"9999999"}, {1e7F, u"1E+07"},         {16777216.0F, u"1,677722E+07"}};
+  for (const auto& [number, text] : rows) EXPECT_EQ(displayText(number, u","), text) << number;
+}
 
 class UserSeparator : public testing::Test {
  protected:
