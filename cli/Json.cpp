@@ -1,5 +1,6 @@
 #include "cli/Json.h"
 
+#include <cmath>
 #include <cstdio>
 
 #include "cli/DateText.h"
@@ -48,7 +49,7 @@ std::string jsonText(const std::string& text) {
 
 std::string jsonDate(Date date) {
   std::string text = dateText(date);
-  if (text.empty()) return "null";
+  if (text.empty() || !std::isfinite(date.days)) return "null";
   if (text.size() < 10 || text[4] != '-') return text;  // outside the calendar: the serial number
   const std::size_t blank = text.find(' ');
   if (blank == std::string::npos) return '"' + text + "T00:00:00\"";

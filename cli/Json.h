@@ -12,8 +12,8 @@ namespace orvane::cli {
 /// "&", so that it may stand in a page as it is.
 std::string jsonText(const std::string& text);
 
-/// "2026-11-21T14:30:00" between quotes; null where the date is not set, the serial number where it is
-/// outside the calendar.
+/// "2026-11-21T14:30:00" between quotes; null where the date is not set or not finite, the serial number
+/// where it is outside the calendar.
 std::string jsonDate(Date date);
 
 /// Puts an object together, member by member.

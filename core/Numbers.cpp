@@ -164,6 +164,7 @@ Currency toCurrency(double number) {
 double toDouble(Currency amount) { return static_cast<double>(amount.tenThousandths) / 10000; }
 
 Text numberText(double number) {
+  if (!std::isfinite(number)) return fromUtf8(wordOf(number));
   char buffer[kLongestNumber];
   const double shown = number == 0 ? 0.0 : number;
   const bool plain = std::trunc(shown) == shown && std::fabs(shown) < kLongestPlain;
@@ -177,8 +178,16 @@ std::optional<double> parseNumber(TextView text) {
   return parseLonger(text);
 }
 
+std::optional<double> parseStored(TextView text) {
+  if (const auto number = parseNumber(text)) return number;
+  for (const auto& [number, word] : kUnspellable) {
+    if (Narrow(text).digits() == word) return number;
+  }
+  return std::nullopt;
+}
+
 std::optional<std::int32_t> detail::parseLongerLong(TextView text) {
-  const auto number = parseLonger(text);
+  const auto number = parseStored(text);
   if (!number) return std::nullopt;
   return roundToLong(*number);
 }

@@ -17,14 +17,17 @@ Currency toCurrency(double number);
 double toDouble(Currency amount);
 
 /// The job file's form: the shortest decimal that reads back to the same double, with a point. Whole numbers
-/// below 1e15 have no exponent.
+/// below 1e15 have no exponent. What is not finite is one of the words that `displayText` has for it.
 Text numberText(double number);
 
 /// The number that a whole text spells (blanks around it allowed, a point as separator); nothing where it
 /// spells none. A number beyond the largest double reads as infinity.
 std::optional<double> parseNumber(TextView text);
 
-/// The same where `separator` too may stand for the point.
+/// The same for a text of the job file, where the words of `numberText` are numbers too.
+std::optional<double> parseStored(TextView text);
+
+/// The same as `parseNumber` where `separator` too may stand for the point.
 std::optional<double> parseNumber(TextView text, TextView separator);
 
 namespace detail {
@@ -47,7 +50,7 @@ std::optional<std::int32_t> parseLongerLong(TextView text);
 
 }  // namespace detail
 
-/// The number that `parseNumber` finds, rounded as `roundToLong` does it, and the same error.
+/// The number that `parseStored` finds, rounded as `roundToLong` does it, and the same error.
 inline std::optional<std::int32_t> parseLong(TextView text) {
   const auto whole = detail::parseShortWhole(text);
   return whole ? whole : detail::parseLongerLong(text);

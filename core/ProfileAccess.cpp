@@ -52,7 +52,7 @@ Text ProfileAccess::LeggiTesto(JobFile& file, Name section, Name key, TextView m
 
 double ProfileAccess::LeggiNumero(JobFile& file, Name section, Name key, double missing) const {
   const auto stored = file.read(section, key);
-  return stored ? parseNumber(*stored).value_or(missing) : missing;
+  return stored ? parseStored(*stored).value_or(missing) : missing;
 }
 
 std::int32_t ProfileAccess::LeggiIntero(JobFile& file, Name section, Name key, std::int32_t missing) const {
@@ -74,7 +74,7 @@ bool ProfileAccess::LeggiBooleano(JobFile& file, Name section, Name key, bool mi
   if (!stored) return missing;
   if (equalIgnoringCase(*stored, u"True")) return true;
   if (equalIgnoringCase(*stored, u"False")) return false;
-  const auto number = parseNumber(*stored);
+  const auto number = parseStored(*stored);
   return number ? *number != 0 : missing;
 }
 

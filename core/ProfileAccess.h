@@ -48,7 +48,7 @@ class ProfileAccess {
   void ScriviTesto(JobFile& file, TextView section, TextView key, TextView value);
   /// -1 for True, 0 for False.
   void ScriviBooleano(JobFile& file, TextView section, TextView key, bool value);
-  /// The shortest decimal that reads back to the same number.
+  /// The shortest decimal that reads back to the same number, or a word for one that is not finite.
   void ScriviNumero(JobFile& file, TextView section, TextView key, double value);
   /// As its serial number, so that it can be read as a number too.
   void ScriviData(JobFile& file, TextView section, TextView key, Date value);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <sstream>
 
 #include "cli/Json.h"
@@ -65,6 +66,7 @@ TEST(JsonDate, IsACalendarDateWhereThereIsOne) {
   EXPECT_EQ(jsonDate({46347.75}), "\"2026-11-21T18:00:00\"");
   EXPECT_EQ(jsonDate({}), "null");
   EXPECT_EQ(jsonDate({1e9}), "1000000000");
+  EXPECT_EQ(jsonDate({std::numeric_limits<double>::infinity()}), "null");
 }
 
 }  // namespace

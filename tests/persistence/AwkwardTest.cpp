@@ -1,6 +1,8 @@
 // Awkward values through every member of their type at once: each document's texts, whole numbers and dates.
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <limits>
 
 #include "tests/persistence/Cases.h"
 
@@ -194,6 +196,37 @@ TEST_P(Dates, ComeBackToTheLastBit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Dates, testing::ValuesIn(inEveryKind<Date>(kDates)), caseName);
+
+struct EndlessDate {
+  const char* name;
+  double value;
+  const char* stored;
+};
+
+constexpr EndlessDate kEndless[] = {
+    {"Infinity", std::numeric_limits<double>::infinity(), "1.#INF"},
+    {"MinusInfinity", -std::numeric_limits<double>::infinity(), "-1.#INF"},
+    {"NotANumber", std::numeric_limits<double>::quiet_NaN(), "1.#QNAN"},
+    {"MinusNotANumber", -std::numeric_limits<double>::quiet_NaN(), "-1.#IND"}};
+
+class EndlessDates : public testing::TestWithParam<Case<EndlessDate>> {};
+
+TEST_P(EndlessDates, ComeBackAsThemselves) {
+  const Job job(GetParam().kind);
+  const auto members = membersOf<Date>(GetParam().kind);
+  const EndlessDate& date = GetParam().value;
+  for (const KeptMember* member : members) job.assign(member->path, Date{date.value}, member->written);
+  const ObjectRef loaded = job.loaded();
+  for (const KeptMember* member : members) {
+    EXPECT_EQ(toUtf8(job.storedForm(member->section, member->key)), date.stored) << member->path;
+    const double days = std::get<Date>(getAt(loaded, member->path)).days;
+    EXPECT_EQ(std::isnan(days), std::isnan(date.value)) << member->path;
+    EXPECT_TRUE(days == date.value || std::isnan(days)) << member->path << ' ' << days;
+    EXPECT_EQ(std::signbit(days), std::signbit(date.value)) << member->path;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, EndlessDates, testing::ValuesIn(inEveryKind<Date>(kEndless)), caseName);
 
 constexpr auto valueName = [](const auto& info) { return std::string(info.param.name); };
 

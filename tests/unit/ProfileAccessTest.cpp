@@ -1,10 +1,16 @@
 #include "core/ProfileAccess.h"
 
+#include <cmath>
+#include <limits>
+
 #include "tests/support/JobTest.h"
 #include "tests/support/Rows.h"
 
 namespace orvane::test {
 namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 class ProfileAccessTest : public JobTest {
  protected:
@@ -76,6 +82,23 @@ TEST_F(ProfileAccessTest, RaisesPathNotFoundWhereTheFolderIsMissing) {
   EXPECT_EQ(access.LeggiNumero(*lost, u"S", u"K", 7), 7);
 }
 
+// Other words for them are foreign, and read as the default like any word.
+TEST_F(ProfileAccessTest, ReadsTheWordsOfNumbersThatAreNotFinite) {
+  for (const double days : {kInfinity, -kInfinity, kNotANumber, -kNotANumber}) {
+    access.ScriviData(*file, u"S", u"K", Date{days});
+    const double read = access.LeggiData(*file, u"S", u"K").days;
+    EXPECT_EQ(std::isnan(read), std::isnan(days)) << days;
+    EXPECT_EQ(read > 0, days > 0) << days;
+    EXPECT_EQ(std::signbit(read), std::signbit(days)) << days;
+    EXPECT_EQ(errorOf([&] { access.LeggiIntero(*file, u"S", u"K"); }), 6) << days;
+  }
+  for (const TextView word : {u"inf", u"-inf", u"nan", u"1.#inf", u"1.#INFO", u"+1.#INF", u"1.#IND"}) {
+    store(word);
+    EXPECT_EQ(access.LeggiData(*file, u"S", u"K", Date{9}), Date{9}) << toUtf8(word);
+    EXPECT_EQ(access.LeggiIntero(*file, u"S", u"K", 9), 9) << toUtf8(word);
+  }
+}
+
 struct Stored : Row {
   Text stored;
   double number;
@@ -98,7 +121,9 @@ INSTANTIATE_TEST_SUITE_P(Forms, StoredValues,
                                          Stored{"True", u"TRUE", 9, true},
                                          Stored{"False", u"false", 9, false}, Stored{"Word", u"tre", 9, true},
                                          Stored{"Nothing", u"", 9, true}, Stored{"Comma", u"1,5", 9, true},
-                                         Stored{"Infinity", u"inf", 9, true}),
+                                         Stored{"ForeignInfinity", u"inf", 9, true},
+                                         Stored{"Infinity", u"1.#INF", kInfinity, true},
+                                         Stored{"MinusInfinity", u"-1.#INF", -kInfinity, true}),
                          rowName);
 
 }  // namespace
