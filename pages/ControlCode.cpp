@@ -35,6 +35,8 @@ void ControlCode::assign(const Bytes& bytes) {
   writeThrough();
 }
 
+Text ControlCode::characters() const { return fromWindows1252(std::string(bytes_.begin(), bytes_.end())); }
+
 Text ControlCode::digits() const {
   Text out(4 * kSize, u';');
   char16_t* at = out.data();

@@ -40,8 +40,8 @@ class ControlCode : public WrittenProperty {
   /// All seven bytes, written once.
   void assign(const Bytes& bytes);
 
-  /// The bytes as seven characters, zeros included.
-  Text characters() const { return Text(bytes_.begin(), bytes_.end()); }
+  /// Seven characters, zeros included, that a text file in Windows-1252 holds as the bytes.
+  Text characters() const;
 
   /// "027;015;000;000;000;000;000;"
   Text digits() const;

@@ -1,5 +1,6 @@
 #include "pages/VqDocCatalogo.h"
 
+#include "pages/VqDocFile.h"
 #include "tests/support/JobTest.h"
 #include "tests/unit/Expected.h"
 #include "tests/unit/Fill.h"
@@ -33,6 +34,25 @@ TEST_F(VqDocCatalogoTest, FileHasDecimalsWithoutZerosAndDigitsHaveThree) {
   EXPECT_EQ(job().value(u"CatalogoDestinazione", u"GrassettoOff"), u"27;5;0;0;0;0;255;");
   EXPECT_EQ(catalog.StrAscGrassettoOff(), u"027;005;000;000;000;000;255;");
   EXPECT_EQ(catalog.StrChrGrassettoOff(), Text(u"\x1B\x05\0\0\0\0\u00FF", 7));
+}
+
+TEST_F(VqDocCatalogoTest, CharactersAreThoseThatAFileOfTheBytesReadsAs) {
+  const VqDocFile file{folder.path(), u"codici.txt"};
+  for (int first = 0; first < 256; first += 7) {
+    std::string bytes;
+    for (std::uint8_t i = 0; i < 7; ++i) {
+      bytes += static_cast<char>(first + i);
+      catalog.RipassaOn(i) = static_cast<std::uint8_t>(first + i);
+    }
+    folder.write(u"codici.txt", bytes);
+    EXPECT_EQ(catalog.StrChrRipassaOn(), file.ReadStream()) << first;
+  }
+}
+
+TEST_F(VqDocCatalogoTest, BytesPastTheAsciiOnesAreCharactersOfWindows1252) {
+  const std::uint8_t bytes[] = {128, 129, 141, 150, 159, 160, 255};
+  for (std::uint8_t i = 0; i < 7; ++i) catalog.CustomBOn(i) = bytes[i];
+  EXPECT_EQ(catalog.StrChrCustomBOn(), u"\u20AC\u0081\u008D\u2013\u0178\u00A0\u00FF");
 }
 
 TEST_F(VqDocCatalogoTest, IndexPastSixRaisesSubscriptOutOfRangeAndStoresNothing) {
