@@ -3,11 +3,6 @@
 
 namespace orvane::cli {
 
-Text absoluteFolder(TextView folder) {
-  if (folder.empty()) return {};
-  Text path = fromUtf8(nativePath(folder));
-  while (path.size() > 3 && (path.back() == u'\\' || path.back() == u'/')) path.pop_back();
-  return path;
-}
+Text absoluteFolder(TextView folder) { return folder.empty() ? Text() : absolutePath(folder); }
 
 }  // namespace orvane::cli

@@ -25,9 +25,7 @@ fs::path pathOf(TextView published) {
 template <class Native>
 std::optional<Text> publishedName(const Native& name) {
   if constexpr (sizeof(typename Native::value_type) == 1) {
-    Text text = fromUtf8(name);
-    if (toUtf8(text) != name || text.find(u'\\') != Text::npos) return std::nullopt;
-    return text;
+    return publishedPath(name);
   } else {
     return Text(name.begin(), name.end());
   }
@@ -68,6 +66,8 @@ class SystemFileSystem : public FileSystem {
     fs::remove(partial, ignored);
     raise(failure);
   }
+
+  Text folderPath(TextView folder) const override { return absolutePath(folder); }
 
   std::vector<Text> files(TextView folder) const override {
     std::vector<Text> names;

@@ -25,6 +25,10 @@ class FileSystem {
   /// where `from` is missing, 76 where the folder of `to` is, else 70, 61, 75 or 57 by cause.
   virtual void copyFile(TextView from, TextView to) const = 0;
 
+  /// The own path of a folder that exists, whatever led to it: absolute, without a separator at its end
+  /// unless it is a root. It leads there also when the current folder is another.
+  virtual Text folderPath(TextView folder) const = 0;
+
   /// Names (without the folder) of the folder's files, in the order of their units. A file whose name is no
   /// text, or leads elsewhere when published, is left out.
   virtual std::vector<Text> files(TextView folder) const = 0;

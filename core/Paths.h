@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "core/Text.h"
@@ -16,6 +17,14 @@ Text joinPath(TextView folder, TextView name);
 /// Raises 52 for a text that cannot name a file: NUL inside, a lone surrogate where names are bytes, a device
 /// of Windows.
 std::string nativePath(TextView published);
+
+/// The published name that leads to a native path; nothing where none does (on POSIX, bytes that are no UTF-8
+/// or a backslash in a name).
+std::optional<Text> publishedPath(const std::string& nativePath);
+
+/// The path of a folder however it was named: absolute, without a separator at its end unless it is a root.
+/// The text itself where nothing published leads to the present folder.
+Text absolutePath(TextView folder);
 
 /// Length of the folder part of a native path, its last separator included; 0 where there is none.
 std::size_t folderLength(const std::string& nativePath);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 
 #include "core/Error.h"
 #include "core/Paths.h"
@@ -7,6 +8,8 @@
 namespace orvane {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 bool canBeName(TextView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -17,6 +20,15 @@ bool canBeName(TextView text) {
   return true;
 }
 
+// What ".." leads to behind a link only the system can tell.
+std::string absolute(const std::string& path) {
+  std::error_code failure;
+  fs::path whole = fs::absolute(path, failure);
+  const bool climbs = std::find(whole.begin(), whole.end(), "..") != whole.end();
+  whole = climbs ? fs::canonical(whole, failure) : whole.lexically_normal();
+  return failure ? path : whole.string();
+}
+
 }  // namespace
 
 std::string nativePath(TextView published) {
@@ -24,6 +36,19 @@ std::string nativePath(TextView published) {
   std::string path = toUtf8(published);
   std::replace(path.begin(), path.end(), '\\', '/');
   return path;
+}
+
+std::optional<Text> publishedPath(const std::string& nativePath) {
+  Text text = fromUtf8(nativePath);
+  if (toUtf8(text) != nativePath || !canBeName(text) || text.find(u'\\') != Text::npos) return std::nullopt;
+  std::replace(text.begin(), text.end(), u'/', u'\\');
+  return text;
+}
+
+Text absolutePath(TextView folder) {
+  std::string path = absolute(nativePath(folder));
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  return publishedPath(path).value_or(Text(folder));
 }
 
 std::size_t folderLength(const std::string& nativePath) { return nativePath.rfind('/') + 1; }

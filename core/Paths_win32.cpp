@@ -36,6 +36,14 @@ std::string nativePath(TextView published) {
   return toUtf8(path);
 }
 
+std::optional<Text> publishedPath(const std::string& nativePath) { return fromUtf8(nativePath); }
+
+Text absolutePath(TextView folder) {
+  Text path = fromUtf8(nativePath(folder));
+  while (path.ends_with(u'\\') && !path.ends_with(u":\\")) path.pop_back();
+  return path;
+}
+
 std::size_t folderLength(const std::string& nativePath) { return nativePath.rfind('\\') + 1; }
 
 std::wstring widePath(const std::string& nativePath) {

@@ -4,17 +4,6 @@
 
 namespace orvane {
 
-namespace {
-
-// The path of a folder however it was named: no separator at its end, unless it is a root.
-TextView pathOf(TextView folder) {
-  const auto separated = [&] { return folder.ends_with(u'\\') || folder.ends_with(u'/'); };
-  while (folder.size() > 1 && separated() && folder[folder.size() - 2] != u':') folder.remove_suffix(1);
-  return folder;
-}
-
-}  // namespace
-
 void VqDocPagine::ImpostaFile(const std::shared_ptr<JobFile>& file) {
   Component::ImpostaFile(file);
   bind(file, Stato);
@@ -31,10 +20,11 @@ void VqDocPagine::Carica(TextView PercorsoPagine) {
   LeggiFile();
   FileSystem& fileSystem = Apartment::fileSystem();
   if (!fileSystem.folderExists(PercorsoPagine)) return;
-  for (Text& name : fileSystem.files(PercorsoPagine)) {
+  const Text folder = fileSystem.folderPath(PercorsoPagine);
+  for (Text& name : fileSystem.files(folder)) {
     if (!name.ends_with(u".dpg")) continue;
     auto page = Nuova();
-    page->FileIntestazione = {Text(pathOf(PercorsoPagine)), std::move(name)};
+    page->FileIntestazione = {folder, std::move(name)};
     page->LeggiFile();
     Add(std::move(page));
   }

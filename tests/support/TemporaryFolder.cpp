@@ -13,13 +13,19 @@ namespace fs = std::filesystem;
 TemporaryFolder::TemporaryFolder() {
   std::random_device random;
   do {
-    native_ = fs::temp_directory_path() / ("orvane-test-" + std::to_string(random()));
+    native_ = fs::canonical(fs::temp_directory_path()) / ("orvane-test-" + std::to_string(random()));
   } while (!fs::create_directory(native_));
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
   fs::remove_all(native_, ignored);
+}
+
+Text TemporaryFolder::published(TextView name) const {
+  Text separated = name.empty() ? path() : file(name);
+  std::replace(separated.begin(), separated.end(), u'/', u'\\');
+  return separated;
 }
 
 fs::path TemporaryFolder::native(TextView name) const {

@@ -21,7 +21,10 @@ class TemporaryFolder {
   Text path() const { return native_.u16string(); }
   Text file(TextView name) const { return path() + u'\\' + Text(name); }
 
-  /// The same for the operating system; backslashes in `name` separate folders.
+  /// The path that the library itself finds out for the folder, or a file in it.
+  Text published(TextView name = {}) const;
+
+  /// The folder for the operating system, or a file in it; backslashes in `name` separate folders.
   std::filesystem::path native(TextView name = {}) const;
 
   /// Raw content; missing folders of `name` are made.

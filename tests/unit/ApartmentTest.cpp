@@ -26,6 +26,7 @@ class MortalFileSystem : public FileSystem {
   bool folderExists(TextView) const override { return true; }
   bool fileExists(TextView) const override { return false; }
   void copyFile(TextView, TextView) const override {}
+  Text folderPath(TextView) const override { return {}; }
   std::vector<Text> files(TextView) const override { return {}; }
   std::string readBytes(TextView, std::size_t) const override { return {}; }
 

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "tests/support/JobTest.h"
+#include "tests/support/PresentFolder.h"
 
 namespace orvane::test {
 namespace {
@@ -101,6 +102,45 @@ TEST_F(FileSystemTest, KeepsTheTargetWhereTheCopyFails) {
   EXPECT_NE(errorOf([&] { files->copyFile(folder.file(u"da"), folder.file(u"a")); }), 0);
   EXPECT_EQ(folder.files(), (std::vector<Text>{u"da"}));
   EXPECT_TRUE(folder.has(u"a\\dentro"));
+}
+
+TEST_F(FileSystemTest, TellsTheOwnPathOfAFolderHoweverItIsNamed) {
+  folder.write(u"a\\b\\x", "");
+  std::filesystem::create_directory_symlink("a/b", folder.native(u"legame"));
+  const PresentFolder present(folder.native());
+  const Text own = folder.published();
+  const std::pair<Text, Text> rows[] = {{u"a", own + u"\\a"},
+                                        {u".", own},
+                                        {u"a\\", own + u"\\a"},
+                                        {u"a//", own + u"\\a"},
+                                        {u".\\a/.", own + u"\\a"},
+                                        {u"a\\..", own},
+                                        {u"a\\\\b", own + u"\\a\\b"},
+                                        {u"legame", own + u"\\legame"},
+                                        {own, own},
+                                        {folder.path() + u"/a/", own + u"\\a"},
+                                        {u"/", u"\\"},
+                                        {u"legame\\..", own + u"\\a"}};
+  for (const auto& [name, path] : rows) {
+    EXPECT_EQ(files->folderPath(name), path) << toUtf8(name);
+    EXPECT_TRUE(files->folderExists(path)) << toUtf8(name);
+  }
+}
+
+TEST_F(FileSystemTest, LeavesTheNameOfAFolderWhoseOwnPathCannotBePublished) {
+  for (const char* name : {"a\\b", "\xFF"}) {
+    std::filesystem::create_directories(folder.native() / name / "dentro");
+    const PresentFolder present(folder.native() / name);
+    EXPECT_EQ(files->folderPath(u"dentro"), u"dentro");
+  }
+}
+
+TEST_F(FileSystemTest, LeavesTheNameOfAFolderWhereThePresentOneIsGone) {
+  const std::filesystem::path gone = folder.native(u"via");
+  std::filesystem::create_directory(gone);
+  const PresentFolder present(gone);
+  std::filesystem::remove(gone);
+  EXPECT_EQ(files->folderPath(u"."), u".");
 }
 
 TEST_F(FileSystemTest, ListsFilesInTheOrderOfTheirUnits) {

@@ -116,11 +116,11 @@ TEST_F(VqDocPaginaTest, UserFileIsLookedForBesideTheHeaderWhereverItWasSaved) {
   page.Salva();
   const auto again = loadedPage();
   EXPECT_EQ(again->FileUtente.Nome, u"u.txt");
-  EXPECT_EQ(again->FileUtente.Percorso, folder.path());
+  EXPECT_EQ(again->FileUtente.Percorso, folder.published());
 }
 
 TEST_F(VqDocPaginaTest, UserFolderIsSetEvenWithoutAUserFile) {
-  EXPECT_EQ(loadedFrom(u"[Altro]\n")->FileUtente.Percorso, folder.path());
+  EXPECT_EQ(loadedFrom(u"[Altro]\n")->FileUtente.Percorso, folder.published());
 }
 
 TEST_F(VqDocPaginaTest, SavedTextFileIsNotReadBack) {
@@ -135,14 +135,14 @@ TEST_F(VqDocPaginaTest, ExistingCompanionsAreFoundAndMissingOnesLeftUntouched) {
   folder.write(u"p001.vvq", "");
   folder.write(u"p001.txt", "");
   const auto again = loadedFrom(u"[Altro]\n");
-  EXPECT_EQ(again->FileVvq.File(), folder.file(u"p001.vvq"));
-  EXPECT_EQ(again->FileTxt.File(), folder.file(u"p001.txt"));
+  EXPECT_EQ(again->FileVvq.File(), folder.published(u"p001.vvq"));
+  EXPECT_EQ(again->FileTxt.File(), folder.published(u"p001.txt"));
   EXPECT_EQ(again->FileBmp.File(), u"\\");
 }
 
 TEST_F(VqDocPaginaTest, PictureIsFoundByItsExtension) {
   folder.write(u"p001.bmp", "");
-  EXPECT_EQ(loadedFrom(u"[Altro]\n")->FileBmp.File(), folder.file(u"p001.bmp"));
+  EXPECT_EQ(loadedFrom(u"[Altro]\n")->FileBmp.File(), folder.published(u"p001.bmp"));
 }
 
 TEST_F(VqDocPaginaTest, CompanionsAreNamedUpToTheLastPointOfTheHeader) {

@@ -1,6 +1,7 @@
 #include "pages/VqDocPagine.h"
 
 #include "tests/support/JobTest.h"
+#include "tests/support/PresentFolder.h"
 
 namespace orvane::test {
 namespace {
@@ -128,7 +129,7 @@ TEST_F(VqDocPagineTest, CaricaLoadsFilesThatEndInDpgInLowerCaseOnly) {
   folder.write(u"g.dpg\\h.txt", "");
   pages.Carica(folder.path());
   ASSERT_EQ(pages.Count(), 1);
-  EXPECT_EQ(pages.Item(1)->FileIntestazione.File(), folder.file(u"a.dpg"));
+  EXPECT_EQ(pages.Item(1)->FileIntestazione.File(), folder.published(u"a.dpg"));
 }
 
 TEST_F(VqDocPagineTest, CaricaOrdersPagesByNameAndNumbersThem) {
@@ -192,7 +193,23 @@ TEST_F(VqDocPagineTest, CaricaWithoutAJobFileGivesTheDefaultsAndThePages) {
 TEST_F(VqDocPagineTest, FolderOfALoadedPageHasNoBackslashAtItsEnd) {
   folder.write(u"a.dpg", "");
   pages.Carica(folder.path() + u'\\');
-  EXPECT_EQ(pages.Item(1)->FileIntestazione.Percorso, folder.path());
+  EXPECT_EQ(pages.Item(1)->FileIntestazione.Percorso, folder.published());
+}
+
+TEST_F(VqDocPagineTest, LoadedPageStaysInItsFolderWhenThePresentFolderChanges) {
+  folder.write(u"pagine\\a.dpg", "");
+  folder.write(u"pagine\\a.vvq", "");
+  {
+    const PresentFolder present(folder.native());
+    pages.Carica(u"pagine");
+  }
+  const auto page = pages.Item(1);
+  EXPECT_EQ(page->FileIntestazione.Percorso, folder.published(u"pagine"));
+  EXPECT_EQ(page->FileUtente.Percorso, page->FileIntestazione.Percorso);
+  EXPECT_TRUE(Apartment::fileSystem().fileExists(page->FileVvq.File()));
+  page->Suddivisione = u"S";
+  page->Salva();
+  EXPECT_EQ(job(u"pagine\\a.dpg").value(u"Proprieta", u"Suddivisione"), u"S");
 }
 
 TEST_F(VqDocPagineTest, StateIsWrittenToTheJobFileOfTheCollection) {
