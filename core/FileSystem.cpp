@@ -21,10 +21,13 @@ fs::path pathOf(TextView published) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
+// On Windows they are UTF-16.
+constexpr bool kNamesAreBytes = sizeof(fs::path::value_type) == 1;
+
 // The name by which the library can find that file again, if there is one.
 template <class Native>
 std::optional<Text> publishedName(const Native& name) {
-  if constexpr (sizeof(typename Native::value_type) == 1) {
+  if constexpr (kNamesAreBytes) {
     return publishedPath(name);
   } else {
     return Text(name.begin(), name.end());
@@ -78,7 +81,7 @@ class SystemFileSystem : public FileSystem {
       if (name && fileExists(joinPath(folder, *name))) names.push_back(std::move(*name));
     }
     if (failure) raise(failure);
-    std::sort(names.begin(), names.end());
+    if (kNamesAreBytes) std::sort(names.begin(), names.end());
     return names;
   }
 

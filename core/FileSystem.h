@@ -29,8 +29,9 @@ class FileSystem {
   /// unless it is a root. It leads there also when the current folder is another.
   virtual Text folderPath(TextView folder) const = 0;
 
-  /// Names (without the folder) of the folder's files, in the order of their units. A file whose name is no
-  /// text, or leads elsewhere when published, is left out.
+  /// Names (without the folder) of the folder's files: on Windows in the order in which the system lists
+  /// them, elsewhere, where that order is none, by their units. A file whose name is no text, or leads
+  /// elsewhere when published, is left out.
   virtual std::vector<Text> files(TextView folder) const = 0;
 
   /// The first `most` bytes of a file. Error 53 where it is missing.

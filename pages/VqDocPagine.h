@@ -14,9 +14,9 @@ class VqDocPagine : public Component, private Owner {
   VqDocPagine() : Component(u"Pagine", {}) {}
 
   /// Read limits, flag and page state from the job file, then append a page for every file of the folder
-  /// whose name ends in ".dpg" (lower case only), in the order of their names. Each page has the folder's own
-  /// path, whatever led to it. What the collection held stays; a missing folder is no error. Error 6 for a
-  /// stored number that does not fit.
+  /// whose name ends in ".dpg" (lower case only), in the order of `FileSystem::files`. Each page has the
+  /// folder's own path, whatever led to it. What the collection held stays; a missing folder is no error.
+  /// Error 6 for a stored number that does not fit.
   void Carica(TextView PercorsoPagine);
 
   /// The largest page, as the server computed it. The keys spell "Massima".

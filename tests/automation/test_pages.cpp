@@ -74,6 +74,34 @@ TEST_F(Pages, HaveTheOwnPathOfTheirFolderHoweverItIsNamed) {
   }
 }
 
+std::vector<std::wstring> listed(const std::wstring& pattern) {
+  std::vector<std::wstring> names;
+  WIN32_FIND_DATAW entry;
+  const HANDLE search = FindFirstFileW(pattern.c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return names;
+  do {
+    names.emplace_back(entry.cFileName);
+  } while (FindNextFileW(search, &entry));
+  FindClose(search);
+  return names;
+}
+
+TEST_F(Pages, ComeAndAreNumberedInTheOrderInWhichTheSystemListsTheirFiles) {
+  const std::wstring folder = newFolder();
+  for (const wchar_t* name : {L"p2.dpg", L"P1.dpg", L"a.dpg", L"B.dpg", L"p10.dpg"}) {
+    putBytes(folder + L"\\" + name, "");
+  }
+  const auto names = listed(folder + L"\\*.dpg");
+  ASSERT_EQ(5u, names.size());
+  const auto pages = loaded(folder);
+  for (LONG position = 1; position <= 5; ++position) {
+    Header header;
+    ASSERT_NO_FATAL_FAILURE(read(pages.get(), position, header));
+    EXPECT_EQ(position, header.number);
+    EXPECT_EQ(names[static_cast<std::size_t>(position - 1)], header.name.text());
+  }
+}
+
 TEST_F(Pages, HaveControlCodesThatTheCodePageWritesAsTheirBytes) {
   Ptr<_VqDocProprieta> properties;
   Ptr<_VqDocCatalogoSorgente> catalog;
