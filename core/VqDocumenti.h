@@ -9,9 +9,9 @@
 
 namespace orvane {
 
-/// Makes the services that the thread's documents share, and takes them away when it ends, even while
-/// documents are alive; those then raise error 91 wherever they need one, until a new factory is made. Keep
-/// one factory a thread for as long as documents are used.
+/// Makes the services that the thread's documents share, and takes them away when it ends, whichever factory
+/// of the thread made them and even while documents are alive; those then raise error 91 wherever they need
+/// one, until a new factory is made. Keep one factory a thread for as long as documents are used.
 class VqDocumenti {
  public:
   VqDocumenti();

@@ -26,6 +26,8 @@ class VqDocPbl final : public WrappingDocument {
   VqDocPbl();
 
   VqDocCodaPbl Coda;
+  /// In the same section of the job file as the attachments of an inner fax or e-mail: the last `Salva`
+  /// counts.
   VqDocAllegati Allegati;
   VqDocPubblicazione Pubblicazione;
 

@@ -131,6 +131,20 @@ class Lists(unittest.TestCase):
         rows = re.findall(r"^\| (\d+) \| ([^|]+?) \|", read(DOCS / "guide/errors.md"), re.MULTILINE)
         self.assertEqual(rows, [(str(number), text) for number, text, _ in FACTS.errors])
 
+    def test_the_page_of_faxes_names_the_line_parameters_that_do_not_start_unchanged(self):
+        record = next(item for item in FACTS.classes if item.name == "VqDocTrasmissioneFax")
+        page = read(DOCS / "guide/fax.md")
+        bullet = re.search(r"^- \*\*Line parameters\*\*.*?(?=^- )", page, re.DOTALL | re.MULTILINE).group()
+        named = []
+        for member in record.members:
+            codes = next((item for item in FACTS.classes if item.name == getattr(member.type, "name", "")), None)
+            for code in codes.members if codes else []:
+                if "all'inizio" in code.help and "1 (non cambiare)" not in code.help:
+                    named.append(member.name if code.name == "Codice" else f"{member.name}.{code.name}")
+        self.assertEqual(sorted(named), ["Colore.CodiceTipo", "Dispositivo", "Errore", "TRMStatus", "TipoFax"])
+        for name in named:
+            self.assertIn(f"`{name}`", bullet)
+
     def test_both_readmes_have_the_same_code(self):
         english, italian = (re.sub(r" *(//|#).*", "", "".join(blocks(ROOT / name, r"\w*")))
                             for name in ("README.md", "README.it.md"))

@@ -135,6 +135,19 @@ class Facts(unittest.TestCase):
                    if member.access == "read and write" and not (member.section and member.keys)}
         self.assertEqual(without, UNKEPT)
 
+    def test_a_section_said_to_be_written_by_salva_has_no_member_that_is_written_at_once(self):
+        said = [item for item in FACTS.values() if "scritta da Salva" in item.help]
+        self.assertGreater(len(said), 1)
+        for item in said:
+            at_once = [member.name for member in item.members if member.access == "read and write" and member.section]
+            self.assertEqual(at_once, [], item.name)
+
+    def test_loading_a_wrapping_document_tells_of_a_missing_and_an_unknown_kind(self):
+        for name in ("VqDocPbl", "VqDocAnteprima"):
+            load = next(member for member in FACTS[name].members if member.name == "Carica")
+            self.assertEqual(sorted(load.errors), [53, 76, 91, 445], name)
+            self.assertRegex(load.help, "445 se gia' inizializzato o il tipo nel file e' 0", name)
+
     def test_documents_have_their_extensions(self):
         found = {name: (item.extension, item.linked_extension) for name, item in FACTS.items() if item.extension}
         self.assertEqual(found, {
