@@ -4,13 +4,13 @@ namespace orvane::test {
 
 namespace {
 
-// Every good value is stored as "2" and assigned over by a 3.
+// Every good value is stored as "2". No new object holds what is made of 2, 3 or 4, truth apart.
 template <class Value>
 Value made(int number) {
   if constexpr (std::is_same_v<Value, Text>) {
     return Text(1, static_cast<char16_t>(u'0' + number));
   } else if constexpr (std::is_same_v<Value, bool>) {
-    return number == 2;
+    return number % 2 == 0;
   } else if constexpr (std::is_same_v<Value, Date>) {
     return Date{static_cast<double>(number)};
   } else {
@@ -25,9 +25,9 @@ void LoadSteps::value(TextView section, Property& property) {
   using Value = typename Property::Value;
   constexpr bool fails = std::is_enum_v<Value> || std::is_same_v<Value, std::int32_t>;
   LoadStep step{Text(section), Text(property.name()), u"2", fails ? u"3000000000" : u"", 6, {}, {}, part_};
-  step.isRead = [&property] { return property.get() == made<Value>(2); };
+  step.holds = [&property](int number) { return property.get() == made<Value>(number); };
   if constexpr (std::is_assignable_v<Property&, Value>) {
-    step.assign = [&property] { property = made<Value>(3); };
+    step.assign = [&property](int number) { property = made<Value>(number); };
   }
   steps_.push_back(std::move(step));
 }
@@ -36,14 +36,14 @@ template <class Lines>
 void LoadSteps::note(TextView section, Lines& lines, std::int32_t index) {
   const Text key = u"Nota_" + fromUtf8(std::to_string(index));
   stored(section, key, u"2", u"");
-  steps_.back().isRead = [&lines, index] { return lines(index) == Text(u"2"); };
-  steps_.back().assign = [&lines, index] { lines(index) = u"3"; };
+  steps_.back().holds = [&lines, index](int number) { return lines(index) == made<Text>(number); };
+  steps_.back().assign = [&lines, index](int number) { lines(index) = made<Text>(number); };
 }
 
 void LoadSteps::code(TextView section, ControlCode& code) {
   stored(section, code.name(), u"2;", u"x;", 13);
-  steps_.back().isRead = [&code] { return code.bytes()[0] == 2; };
-  steps_.back().assign = [&code] { code(0) = 3; };
+  steps_.back().holds = [&code](int number) { return code.bytes()[0] == number; };
+  steps_.back().assign = [&code](int number) { code(0) = made<std::uint8_t>(number); };
 }
 
 void LoadSteps::stored(TextView section, TextView key, TextView good, TextView bad, int error) {
@@ -52,7 +52,7 @@ void LoadSteps::stored(TextView section, TextView key, TextView good, TextView b
 
 void LoadSteps::reference(TextView section, TextView key, const Text& name) {
   stored(section, key, u"2", u"");
-  steps_.back().isRead = [&name] { return name.starts_with(u'2'); };
+  steps_.back().holds = [&name](int number) { return name.starts_with(made<Text>(number)); };
 }
 
 Text LoadSteps::lines(const LoadStep& failing) const {
@@ -188,7 +188,7 @@ LoadSteps::LoadSteps(VqDocStampa& d) {
   parts(d.Coda, d.Dimensione, d.Orientamento, d.Alimentazione, d.Pinzatura, d.FronteRetro, d.Fascicolazione,
         d.LayoutPagina, d.Diretta, d.Collegati, d.Pagine);
   for (LoadStep& step : steps_) {
-    if (step.part == part_) step.bad.clear(), step.isRead = nullptr;  // print jobs only bind their pages
+    if (step.part == part_) step.bad.clear(), step.holds = nullptr;  // print jobs only bind their pages
   }
 }
 
@@ -198,9 +198,10 @@ void LoadSteps::addFax(TransmittedFax& d) {
 }
 
 void LoadSteps::alwaysA4(const TransmittedFax& d) {
-  for (LoadStep& step : steps_) {
-    if (step.section == u"Dimensione") step.isRead = [&d] { return d.Dimensione.Codice.number() == 9; };
-  }
+  const auto isPaper = [](const LoadStep& step) { return step.section == u"Dimensione"; };
+  std::find_if(steps_.begin(), steps_.end(), isPaper)->holds = [&d](int number) {
+    return d.Dimensione.Codice.number() == (number == 2 ? 9 : number);
+  };
 }
 
 LoadSteps::LoadSteps(VqDocFax& d) {

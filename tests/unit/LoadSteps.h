@@ -11,11 +11,13 @@ namespace orvane::test {
 /// One value of a job file, for the object that it is read into.
 struct LoadStep {
   Text section, key;
-  Text good, bad;                ///< as stored; `bad` is empty for what no stored text can make fail
-  int error;                     ///< that reading `bad` raises
-  std::function<bool()> isRead;  ///< whether the object has the good value; null where a failed load hides it
-  std::function<void()> assign;  ///< gives the object another value; null where clients cannot
-  int part;                      ///< of the document: 0 for properties and own values, then each component
+  Text good, bad;  ///< as stored; `bad` is empty for what no stored text can make fail
+  int error;       ///< that reading `bad` raises
+  /// Whether the object has the value made of `number`, 2 for the good one; null where a failed load hides
+  /// it.
+  std::function<bool(int number)> holds;
+  std::function<void(int number)> assign;  ///< gives the object such a value; null where clients cannot
+  int part;  ///< of the document: 0 for properties and own values, then each component
 
   Text name() const { return section + u'/' + key; }
 };

@@ -57,8 +57,8 @@ TYPED_TEST_SUITE(LoadingOrderTest, Kinds);
 
 TYPED_TEST(LoadingOrderTest, WhatStandsBeforeAValueThatCannotBeReadIsLoadedAndNothingElse) {
   this->forEachFailure([](const TypeParam& document, const LoadSteps& steps, const LoadStep& failing) {
-    const Text read = steps.names([](const LoadStep& s) { return s.isRead && s.isRead(); });
-    const Text before = steps.names([&](const LoadStep& s) { return s.isRead && &s < &failing; });
+    const Text read = steps.names([](const LoadStep& s) { return s.holds && s.holds(2); });
+    const Text before = steps.names([&](const LoadStep& s) { return s.holds && &s < &failing; });
     EXPECT_EQ(toUtf8(read), toUtf8(before));
     EXPECT_FALSE(document.Inizializzato.get());
   });
@@ -71,7 +71,7 @@ TYPED_TEST(LoadingOrderTest, ComponentsAreBoundUpToTheOneThatCannotBeRead) {
     const JobContent before = this->job(u"job");
     Apartment::profileAccess().open(this->folder.file(u"job"))->together([&] {
       for (const LoadStep& step : steps.all()) {
-        if (step.assign) step.assign();
+        if (step.assign) step.assign(3);
       }
     });
     const JobContent after = this->job(u"job");
