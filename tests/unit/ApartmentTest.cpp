@@ -61,6 +61,16 @@ TEST(ApartmentTest, MakesTheFileSystemBeforeAndProfileAccessAfterTheStrings) {
   Apartment::release();
 }
 
+TEST(ApartmentTest, ReleasesTheStringsFirst) {
+  static std::string atEnd;
+  Apartment::create([] {
+    const auto end = [](VqDocResDll* strings) { atEnd = services(), delete strings; };
+    return std::shared_ptr<VqDocResDll>(new VqDocResDll, end);
+  });
+  Apartment::release();
+  EXPECT_EQ(atEnd, "PF");
+}
+
 TEST(ApartmentTest, ReleasesTheFileSystemLast) {
   std::string atEnd = "never";
   Apartment::useFileSystem(std::make_shared<MortalFileSystem>([&] { atEnd = services(); }));
