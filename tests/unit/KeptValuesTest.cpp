@@ -51,6 +51,18 @@ TEST_F(KeptValuesTest, RetriesAndTextOfAnErrorStay) {
   EXPECT_EQ(fax.Proprieta.Errore.Descrizione.get(), u"occupato");
 }
 
+TEST_F(KeptValuesTest, CodeOfAQueueStaysWithoutItsDateAndTheLastQueue) {
+  const FixedClock clock{{39814.0}};
+  VqDocFax fax;
+  fax.Inizializza(u"1", folder.path());
+  fax.Coda.Codice = vdcf_DaTrasmettere;
+  loseFolder();
+  EXPECT_EQ(errorOf([&] { fax.Coda.Codice = vdcf_InTrasmissione; }), 76);
+  EXPECT_EQ(fax.Coda.Codice.get(), vdcf_InTrasmissione);
+  EXPECT_EQ(fax.Coda.DataInTrasmissione.get(), Date{});
+  EXPECT_EQ(fax.Coda.UltimaCodaCodice.get(), vdcf_DaTrasmettere);
+}
+
 TEST_F(KeptValuesTest, CopiesBelowOneStayAsOne) {
   VqDocStampa stampa;
   stampa.Inizializza(u"1", folder.path());
@@ -118,17 +130,6 @@ TEST_F(WithoutStringsTest, TextOfAnErrorIsWrittenAllTheSame) {
   loseStrings();
   EXPECT_EQ(errorOf([&] { stampa.Proprieta.Errore.Descrizione = u"occupato"; }), 0);
   EXPECT_EQ(job(u"1.vqs").lines(u"Errore"), u"[Errore]\nCodice=-1\nDescrizione=occupato\n");
-}
-
-TEST_F(WithoutStringsTest, PageIsSavedUpToTheTextOfItsLanguage) {
-  VqDocPagina page;
-  page.FileIntestazione = {folder.path(), u"p.dpg"};
-  page.Validita = vdpv_Fax;
-  loseStrings();
-  EXPECT_EQ(errorOf([&] { page.Salva(); }), 91);
-  EXPECT_EQ(job(u"p.dpg").lines(u"Lingua"), u"[Lingua]\nCodice=0\n");
-  EXPECT_TRUE(job(u"p.dpg").has(u"Proprieta", u"Suddivisione"));
-  EXPECT_FALSE(job(u"p.dpg").hasSection(u"FileUtente") || job(u"p.dpg").hasSection(u"Validita"));
 }
 
 // Identity and kind come before the components: the text of the kind is what cannot be had.

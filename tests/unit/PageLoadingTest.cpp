@@ -40,10 +40,14 @@ TEST_F(PageLoadingTest, StateThatCannotBeReadComesBehindTheLimitsAndBeforeThePag
   EXPECT_EQ(pages.Count(), 0);
 }
 
-TEST_F(PageLoadingTest, LanguageOfAPageIsAssignedAndOverflowsWhereItCanHaveNoText) {
-  writeJobFile(folder.file(u"b.dpg"), u"[Lingua]\nCodice=2147483647\n");
-  EXPECT_EQ(errorOfLoading(u"[Altro]\n"), 6);
-  EXPECT_EQ(pages.Count(), 1);
+// The folder's path, however it was named.
+TEST_F(PageLoadingTest, FolderOfAPageHasNoSeparatorsAtItsEnd) {
+  folder.write(u"a.dpg", "");
+  for (const TextView end : {u"\\\\", u"/", u"/\\"}) {
+    VqDocPagine own;
+    own.Carica(folder.path() + Text(end));
+    EXPECT_EQ(own.Item(1)->FileIntestazione.Percorso, folder.path());
+  }
 }
 
 class CatalogLoadingTest : public JobTest {};
