@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <limits>
 
+#include "core/KeyedCollection.h"
 #include "tests/support/JobTest.h"
 #include "tests/support/Rows.h"
 
@@ -228,7 +229,7 @@ TEST_F(UserSeparator, IsAPointWhereTheSettingsNameNoKnownRegion) {
   EXPECT_EQ(decimalSeparator(), u".");
 }
 
-TEST_F(UserSeparator, FollowsTheUserWithoutTouchingTheProgram) {
+TEST_F(UserSeparator, FollowsTheUserInTextsAndKeysWithoutTouchingTheProgram) {
   const TemporaryFolder settings;
   const std::string made = settings.native(u"it_IT.UTF-8");
   if (std::system(("localedef --no-archive -i it_IT -f UTF-8 " + made).c_str()) != 0)
@@ -236,7 +237,8 @@ TEST_F(UserSeparator, FollowsTheUserWithoutTouchingTheProgram) {
   const auto follows = [&] {
     setenv("LOCPATH", settings.native().c_str(), 1);
     use("it_IT.UTF-8");
-    return displayText(1.5, decimalSeparator()) == u"1,5" &&
+    const bool keys = CollectionKey(u"3,5").position == 3 && CollectionKey(u"3.5").text == u"3.5";
+    return keys && displayText(1.5, decimalSeparator()) == u"1,5" &&
            std::localeconv()->decimal_point == std::string(".");
   };
   // In a process of its own: the C library keeps what it has read of LOCPATH for good.
