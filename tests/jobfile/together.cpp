@@ -98,21 +98,69 @@ TEST_F(JobFileTogether, AnExceptionCaughtInsideIsNoEnd) {
 }
 
 TEST_F(JobFileTogether, TheWorksExceptionWinsOverThatOfTheLanding) {
-  JobFile file(published(u"missing\\job.vqs"));
+  std::filesystem::create_directory(path("gone"));
+  JobFile file(published(u"gone\\job.vqs"));
   const auto work = [&] {
     file.write(u"A", u"k", u"1");
+    std::filesystem::remove_all(path("gone"));
     throw std::runtime_error("stop");
   };
   EXPECT_THROW(file.together(work), std::runtime_error);
 }
 
 TEST_F(JobFileTogether, ALandingThatFailsRaisesAndForgets) {
+  std::filesystem::create_directory(path("later"));
   JobFile file(published(u"later\\job.vqs"));
-  EXPECT_EQ(errorOf([&] { file.together([&] { file.write(u"A", u"k", u"1"); }); }), 76);
+  bool worked = false;
+  const auto work = [&] {
+    file.write(u"A", u"k", u"1");
+    std::filesystem::remove_all(path("later"));
+    worked = true;
+  };
+  EXPECT_EQ(errorOf([&] { file.together(work); }), 76);
+  EXPECT_TRUE(worked);
   std::filesystem::create_directory(path("later"));
   EXPECT_EQ(readText(file, u"A", u"k"), std::nullopt);
   file.write(u"A", u"l", u"2");
   EXPECT_EQ(bytes("later/job.vqs"), onDisk(u"[A]\r\nl=2\r\n"));
+}
+
+TEST_F(JobFileTogether, AFolderThatIsMissingIsSeenAtTheFirstWrite) {
+  JobFile file(published(u"missing\\job.vqs"));
+  bool wrote = false;
+  const auto work = [&] {
+    file.write(u"A", u"k", u"1");
+    wrote = true;
+  };
+  EXPECT_EQ(errorOf([&] { file.together(work); }), 76);
+  EXPECT_FALSE(wrote);
+}
+
+TEST_F(JobFileTogether, AWriteThatChangesNothingIsNotRefused) {
+  put(onDisk(u"[A]\r\nk=1\r\n"));
+  std::filesystem::permissions(path(), std::filesystem::perms::owner_read);
+  JobFile file(published());
+  int first = -1, second = -1;
+  file.together([&] {
+    first = errorOf([&] { file.write(u"A", u"k", u"1"); });
+    second = errorOf([&] { file.write(u"A", u"k", u"2"); });
+    EXPECT_EQ(readText(file, u"A", u"k"), u"1");
+  });
+  EXPECT_EQ(first, 0);
+  EXPECT_EQ(second, 70);
+}
+
+TEST_F(JobFileTogether, WhatHasLandedInTheMidstIsInTheFileForAll) {
+  JobFile file(published());
+  file.together([&] {
+    file.write(u"A", u"k", u"1");
+    file.landSoFar();
+    EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\n"));
+    JobFile(published()).write(u"A", u"theirs", u"2");
+    EXPECT_EQ(readText(file, u"A", u"theirs"), u"2");
+    file.write(u"A", u"l", u"3");
+  });
+  EXPECT_EQ(bytes(), onDisk(u"[A]\r\nk=1\r\ntheirs=2\r\nl=3\r\n"));
 }
 
 TEST_F(JobFileTogether, ARefusedWriteLeavesTheOthers) {

@@ -250,6 +250,7 @@ class LookingFileSystem : public FileSystem {
   explicit LookingFileSystem(Text job) : job_(std::move(job)) {}
   bool folderExists(TextView folder) const override { return system_->folderExists(folder); }
   bool fileExists(TextView file) const override { return system_->fileExists(file); }
+  Text folderPath(TextView folder) const override { return system_->folderPath(folder); }
   std::vector<Text> files(TextView folder) const override { return system_->files(folder); }
   std::string readBytes(TextView file, std::size_t most) const override {
     return system_->readBytes(file, most);

@@ -46,7 +46,7 @@ TEST_F(PageLoadingTest, FolderOfAPageHasNoSeparatorsAtItsEnd) {
   for (const TextView end : {u"\\\\", u"/", u"/\\"}) {
     VqDocPagine own;
     own.Carica(folder.path() + Text(end));
-    EXPECT_EQ(own.Item(1)->FileIntestazione.Percorso, folder.path());
+    EXPECT_EQ(own.Item(1)->FileIntestazione.Percorso, folder.published());
   }
 }
 
