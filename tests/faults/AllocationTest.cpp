@@ -1,5 +1,6 @@
 // Every allocation of an operation fails in turn: memory is missed in an orderly way, the files are the old
 // or the new ones, and the next attempt works. Leaks show in the build with sanitizers.
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 
@@ -59,6 +60,15 @@ class FailingAllocations : public testing::TestWithParam<Operation> {
     GetParam().prepare(jobs_);
   }
 
+  // Of several keys those written before the failure land.
+  bool isOnTheWay(const Content& found) const {
+    return std::ranges::all_of(found, [&](const auto& file) {
+      const auto [name, bytes] = file;
+      const auto old = before_.find(name);
+      return after_.at(name).starts_with(bytes) || (old != before_.end() && old->second == bytes);
+    });
+  }
+
   void check(long at) {
     begin();
     const Result result = actWith(at);
@@ -67,7 +77,7 @@ class FailingAllocations : public testing::TestWithParam<Operation> {
     jobs_.release();
     const Content found = withoutLockFile(jobs_.content());
     if (GetParam().oneReplace) {
-      EXPECT_TRUE(found == (result == Done ? after_ : before_) || found == after_);
+      EXPECT_TRUE(result == Done ? found == after_ : found == before_ || isOnTheWay(found)) << result;
     }
     for (const auto& [name, bytes] : found) {
       EXPECT_FALSE(name.ends_with(".tmp")) << name;
