@@ -23,9 +23,18 @@ struct KeyHash {
 
 constinit SRWLOCK objectsLock = SRWLOCK_INIT;
 
-std::unordered_map<Key, Object*, KeyHash>& objects() {
-  static std::unordered_map<Key, Object*, KeyHash> all;
+using Objects = std::unordered_map<Key, Object*, KeyHash>;
+
+// Never destroyed: at the end of a process another module's static objects may end after this module's.
+Objects& objects() {
+  static Objects& all = *new Objects;
   return all;
+}
+
+// Keeps no memory for none.
+void remove(Objects::iterator place) noexcept {
+  objects().erase(place);
+  if (objects().empty()) Objects().swap(objects());
 }
 
 Key keyOf(const ObjectRef& self) { return {self.object.get(), self.type}; }
@@ -34,7 +43,7 @@ Key keyOf(const ObjectRef& self) { return {self.object.get(), self.type}; }
 void forget(const Object& object) noexcept {
   const Lock lock(objectsLock);
   const auto found = objects().find(keyOf(object.self()));
-  if (found != objects().end() && found->second == &object) objects().erase(found);
+  if (found != objects().end() && found->second == &object) remove(found);
 }
 
 // Presented by own objects under the id of the library; no other object answers to it.
@@ -102,7 +111,7 @@ Object* automationObject(const ObjectRef& self) {
   try {
     return object = identityOf(*self.type).make(self);
   } catch (...) {
-    objects().erase(place);
+    remove(place);
     throw;
   }
 }

@@ -12,6 +12,8 @@ class ProfileAccess;
 
 /// One set per thread. The factory makes all three services when it is created and takes all three away when
 /// it ends, whoever still uses documents of the thread; every accessor raises error 91 while there are none.
+/// They serve a factory of any storage duration until it ends, static objects of the first thread included;
+/// those of another thread end with that thread at the latest.
 class Apartment {
  public:
   static FileSystem& fileSystem();

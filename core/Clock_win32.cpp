@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "core/FileSystem.h"
+#include "core/OfThread.h"
 
 namespace orvane {
 
@@ -17,9 +18,6 @@ class SystemClock : public Clock {
 
 }  // namespace
 
-std::shared_ptr<Clock> systemClock() {
-  static const auto instance = std::make_shared<SystemClock>();
-  return instance;
-}
+std::shared_ptr<Clock> systemClock() { return ofProcess<SystemClock>(); }
 
 }  // namespace orvane

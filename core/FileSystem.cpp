@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/Error.h"
+#include "core/OfThread.h"
 #include "core/PathKind.h"
 #include "core/Paths.h"
 #include "core/SystemError.h"
@@ -108,10 +109,7 @@ constexpr std::int64_t daysBefore(std::int64_t year, int month) {
 
 }  // namespace
 
-std::shared_ptr<FileSystem> systemFileSystem() {
-  static const auto instance = std::make_shared<SystemFileSystem>();
-  return instance;
-}
+std::shared_ptr<FileSystem> systemFileSystem() { return ofProcess<SystemFileSystem>(); }
 
 Date dateOf(int year, int month, int day, int hour, int minute, int second) {
   const std::int64_t days = daysBefore(year, month) + day - (daysBefore(1899, 12) + 30);

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "core/Error.h"
+#include "core/OfThread.h"
 #include "core/Patience.h"
 
 namespace orvane {
@@ -26,7 +27,7 @@ using Registry = std::unordered_map<std::string, std::weak_ptr<FolderLock>>;
 }  // namespace
 
 std::shared_ptr<FolderLock> FolderLock::of(const std::string& folder) {
-  thread_local Registry registry;
+  Registry& registry = OfThread<Registry>::get();
   if (const auto known = registry.find(folder); known != registry.end()) {
     if (auto lock = known->second.lock()) return lock;
   }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/Numbers.h"
+#include "core/OfThread.h"
 
 namespace orvane {
 
@@ -35,7 +36,7 @@ Text decimalSeparator() {
     std::string names;
     Text separator;
   };
-  thread_local Known known;
+  Known& known = OfThread<Known>::get();
   if (std::string names = localeNames(); names != known.names)
     known = {std::move(names), separatorOfLocale()};
   return known.separator;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Numbers.h"
+#include "core/OfThread.h"
 
 namespace orvane {
 
@@ -36,8 +37,10 @@ std::shared_ptr<JobFile> ProfileAccess::make(const Text& fullName) const {
 }
 
 const std::shared_ptr<JobFile>& ProfileAccess::noFile() {
-  static thread_local const auto file = std::make_shared<JobFile>(Text());
-  return file;
+  struct NoFile {
+    std::shared_ptr<JobFile> file = std::make_shared<JobFile>(Text());
+  };
+  return OfThread<NoFile>::get().file;
 }
 
 TextView ProfileAccess::VediTesto(JobFile& file, Name section, Name key, TextView missing,
