@@ -152,12 +152,19 @@ VariantArray::Dimension dimensionOf(SAFEARRAY* array, UINT number) {
   return {static_cast<std::int32_t>(lower), static_cast<std::uint32_t>(upper - lower + 1)};
 }
 
+// Descriptors that a compiler lays out need not tell the type of the items.
+bool holdsVariants(SAFEARRAY& array) {
+  constexpr USHORT kTold = FADF_VARIANT | FADF_HAVEVARTYPE;
+  if ((array.fFeatures & kTold) == FADF_VARIANT) return array.cbElements == sizeof(VARIANT);
+  VARTYPE type = VT_EMPTY;
+  return SUCCEEDED(SafeArrayGetVartype(&array, &type)) && type == VT_VARIANT;
+}
+
 VariantArray takeArray(SAFEARRAY* array, int depth) {
   if (depth > kDeepestArray) throw Error(ErrorNumber::OutOfStackSpace);
   VariantArray taken;
   if (!array) return taken;
-  VARTYPE type = VT_EMPTY;
-  if (FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT) throw Failure{DISP_E_TYPEMISMATCH};
+  if (!holdsVariants(*array)) throw Failure{DISP_E_TYPEMISMATCH};
   if (!array->pvData) return taken;
   std::size_t count = 1;
   for (UINT number = 1; number <= SafeArrayGetDim(array); ++number) {

@@ -1,6 +1,7 @@
 """OrvaneDocumenti.cs: the types that an import of the type library gives a C# program, to compile against.
 
-An imported library has indexed properties, which C# cannot declare: theirs stand here as get_ and set_ methods.
+An imported library has properties with an index, or with a new value by reference, which C# cannot declare: theirs
+stand here as get_ and set_ methods.
 """
 
 from cpp import HEAD
@@ -32,38 +33,44 @@ def enumeration(described):
 
 
 def interface(coclass):
-    members = coclass.members
-    bases = " : IEnumerable" if any(member.result.kind == "Enumerator" for member in members) else ""
+    members = [member for member in coclass.members if member.result.kind != "Enumerator"]
+    bases = " : IEnumerable" if len(members) < len(coclass.members) else ""
     return (f"\n  [ComImport, Guid(\"{coclass.interface.uuid}\"), InterfaceType(ComInterfaceType.InterfaceIsIDispatch)]\n"
-            f"  public interface _{coclass.name}{bases} {{\n{''.join(map(declaration, described(members)))}  }}\n")
+            f"  public interface _{coclass.name}{bases} {{\n{''.join(declarations(members))}  }}\n")
 
 
-def described(members):
-    """Each property once, by its accessors; each method and each accessor of an indexed property by itself."""
+def declarations(members):
+    """Each method by itself, and each property once, by its accessors or as the methods that they are."""
+    apart = {member.name for member in members if not is_plain(member)}
     properties = {}
     for member in members:
-        if is_plain(member):
+        if member.name in apart:
+            yield method(member)
+        else:
             properties.setdefault(member.name, []).append(member)
-        elif member.result.kind != "Enumerator":
-            yield [member]
-    yield from properties.values()
+    yield from map(property_of, properties.values())
 
 
 def is_plain(member):
+    """Whether C# can declare it as an accessor of a property."""
     plain = {"Get": 0, "Let": 1, "Method": -1}[member.kind]
-    return len(member.parameters) == plain and member.result.kind != "Enumerator"
+    return len(member.parameters) == plain and not any(given.by_reference for given in member.parameters)
 
 
-def declaration(accessors):
-    member = accessors[0]
-    id_ = f"    [DispId({member.id})] "
-    if not is_plain(member):
-        given = ", ".join(map(parameter, member.parameters))
-        return f"{id_}{type_of(member.result)} {PREFIXES[member.kind]}{member.name}({given});\n"
+def method(member):
+    given = ", ".join(map(parameter, member.parameters))
+    return f"{identified(member)}{type_of(member.result)} {PREFIXES[member.kind]}{member.name}({given});\n"
+
+
+def property_of(accessors):
     kinds = {accessor.kind: accessor for accessor in accessors}
     type_ = type_of(kinds["Get"].result if "Get" in kinds else kinds["Let"].parameters[0].type)
     body = " ".join(word for kind, word in (("Get", "get;"), ("Let", "set;")) if kind in kinds)
-    return f"{id_}{type_} {member.name} {{ {body} }}\n"
+    return f"{identified(accessors[0])}{type_} {accessors[0].name} {{ {body} }}\n"
+
+
+def identified(member):
+    return f"    [DispId({member.id})] "
 
 
 def parameter(given):

@@ -67,13 +67,14 @@ def property_groups(members):
 
 
 def property_of(accessors):
+    """What is assigned by reference has its procedure alone: `write` takes no procedure with a variable."""
     get, let = accessors.get("Get"), accessors.get("Let")
     some = get or let
     indices = some.parameters if get else some.parameters[:-1]
     index = "; ".join(map(parameter, indices))
     type_ = type_of(get.result if get else let.parameters[-1].type)
     read = f" read Get_{some.name}" if get else ""
-    write = f" write Set_{some.name}" if let else ""
+    write = f" write Set_{some.name}" if let and not let.parameters[-1].by_reference else ""
     return f"    property {free(some.name)}{f'[{index}]' if index else ''}: {type_}{read}{write};\n"
 
 

@@ -108,11 +108,11 @@ HRESULT arrays(World& world) {
   if (SUCCEEDED(result)) result = pages->Nuova(page.out());
   if (FAILED(result)) return result;
   SAFEARRAYBOUND bounds[] = {{2, 0}};
-  SAFEARRAY* const given = SafeArrayCreate(VT_VARIANT, 1, bounds);
+  SAFEARRAY* given = SafeArrayCreate(VT_VARIANT, 1, bounds);
   LONG place = 1;
   Value line(L"riga");
   SafeArrayPutElement(given, &place, &line);
-  result = page->put_ArrayTxt(given);
+  result = page->put_ArrayTxt(&given);
   SAFEARRAY* back = nullptr;
   if (SUCCEEDED(result)) result = page->get_ArrayTxt(&back);
   SafeArrayDestroy(given);

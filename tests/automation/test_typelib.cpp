@@ -50,6 +50,17 @@ std::string parameterText(ITypeInfo* info, const ELEMDESC& parameter) {
   return text + " = " + std::to_string(value.lVal);
 }
 
+// The array that a client passes, if it passes one.
+const ELEMDESC* arrayGiven(const FUNCDESC& function) {
+  for (SHORT i = 0; i < function.cParams; ++i) {
+    const ELEMDESC& parameter = function.lprgelemdescParam[i];
+    const bool pointed = parameter.tdesc.vt == VT_PTR && parameter.tdesc.lptdesc->vt == VT_SAFEARRAY;
+    const bool result = (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
+    if (!result && (pointed || parameter.tdesc.vt == VT_SAFEARRAY)) return &parameter;
+  }
+  return nullptr;
+}
+
 const char* kindName(INVOKEKIND kind) {
   return kind == INVOKE_PROPERTYGET   ? "Get"
          : kind == INVOKE_PROPERTYPUT ? "Let"
@@ -162,6 +173,29 @@ TEST_F(TypeLibrary, ExplainsEveryMember) {
       vtable->ReleaseFuncDesc(function);
     }
   });
+}
+
+// Basic compiles no call of a member that wants an array by value.
+TEST_F(TypeLibrary, ArraysAreAssignedByReference) {
+  std::set<std::string> assigned;
+  forEach(TKIND_DISPATCH, [&](ITypeInfo* info, const TYPEATTR&) {
+    const Ptr<ITypeInfo> vtable = vtableOf(info);
+    FUNCDESC* function = nullptr;
+    for (UINT i = 0; SUCCEEDED(vtable->GetFuncDesc(i, &function)); ++i) {
+      if (const ELEMDESC* const array = arrayGiven(*function)) {
+        assigned.insert(nameOf(info) + " " + slotText(vtable.get(), *function));
+        EXPECT_EQ(PARAMFLAG_FIN | PARAMFLAG_FOUT, array->paramdesc.wParamFlags);
+        ASSERT_EQ(VT_PTR, array->tdesc.vt);
+        ASSERT_EQ(VT_SAFEARRAY, array->tdesc.lptdesc->vt);
+        EXPECT_EQ(VT_VARIANT, array->tdesc.lptdesc->lptdesc->vt);
+      }
+      vtable->ReleaseFuncDesc(function);
+    }
+  });
+  EXPECT_EQ((std::set<std::string>{"_VqDocPagina 19 Let ArrayTxt(ByRef Array)",
+                                   "_VqDocPagina 21 Let ArrayScriptA(ByRef Array)",
+                                   "_VqDocPagina 23 Let ArrayScriptB(ByRef Array)"}),
+            assigned);
 }
 
 TEST_F(TypeLibrary, EnumeratorsHaveTheStandardId) {

@@ -59,6 +59,10 @@ class CSharp(unittest.TestCase):
         for page, code in found:
             self.assertEqual("", self.compile_text(program(code)), f"{page}:\n{code}")
 
+    def test_an_array_is_assigned_by_reference(self):
+        code = "Array righe = new object[] { \"uno\" };\nstampa.Pagine.Nuova().set_ArrayTxt(ref righe);\n"
+        self.assertEqual("", self.compile_text(program(code)))
+
     def test_wrong_code_does_not_compile(self):
         for code, fault in [("fax.Ogetto = \"x\";\n", "CS1061"), ("fax.Coda.Codice = 0.5;\n", "CS0266"),
                             ("stampa.Dimensione.Codice = enmVqDocDimensione.vdd_A44;\n", "CS0117"),

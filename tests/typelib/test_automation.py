@@ -47,6 +47,10 @@ class Glue(unittest.TestCase):
     def test_an_object_by_reference_is_looked_up(self):
         self.assertIn("core().Add(takeObject<VqDocScatola>(pointed(a0)))", self.text)
 
+    def test_an_array_comes_by_reference_and_is_copied(self):
+        self.assertIn("STDMETHODIMP put_Righe(SAFEARRAY** a0) override "
+                      "{ return run([&] { core().Righe = take(pointed(a0)); }); }", self.text)
+
     def test_a_let_assigns_and_a_get_gives(self):
         self.assertIn("STDMETHODIMP put_Nome(BSTR a0) override { return run([&] { core().Nome = take(a0); }); }",
                       self.text)

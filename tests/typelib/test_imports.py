@@ -28,6 +28,10 @@ class Pascal(unittest.TestCase):
     def test_an_object_by_reference_is_a_variable(self):
         self.assertIn("procedure Add(var Scatola: _VqDocScatola); safecall;", self.text)
 
+    def test_a_new_value_by_reference_is_given_by_its_procedure(self):
+        self.assertIn("procedure Set_Righe(var Nuovo_Righe: PSafeArray); safecall;", self.text)
+        self.assertIn("property Righe: PSafeArray read Get_Righe;", self.text)
+
     def test_a_property_has_the_accessors_that_there_are(self):
         self.assertIn("property Nome: WideString read Get_Nome write Set_Nome;", self.text)
         self.assertRegex(self.text, r"property Count: Integer read Get_Count;")
@@ -55,6 +59,11 @@ class CSharp(unittest.TestCase):
 
     def test_an_object_by_reference_is_passed_by_ref(self):
         self.assertIn("void Add(ref VqDocScatola @Scatola);", self.text)
+
+    def test_a_new_value_by_reference_makes_two_methods_of_its_property(self):
+        self.assertIn("[DispId(8)] Array get_Righe();", self.text)
+        self.assertIn("[DispId(8)] void set_Righe(ref Array @Nuovo_Righe);", self.text)
+        self.assertNotIn(" Righe {", self.text)
 
     def test_only_creatable_classes_are_made_by_new(self):
         self.assertEqual(sum(coclass.creatable for coclass in self.library.coclasses), self.text.count("CoClass("))

@@ -21,6 +21,15 @@ check("printer", "Laser", stampa.Stampante);
 check("truth", false, stampa.Inizializzato);
 stampa.Diretta.CatalogoDestinazione.GrassettoOn(1) = 27;
 check("indexed let", 27, stampa.Diretta.CatalogoDestinazione.GrassettoOn(1));
+var page = stampa.Pagine.Item(1);
+// JScript has no such array of its own; a dictionary gives one.
+var dictionary = new ActiveXObject("Scripting.Dictionary");
+dictionary.Add("uno", 1);
+dictionary.Add("due", 2);
+page.ArrayTxt = dictionary.Keys();
+var lines = page.ArrayTxt;
+page.ArrayScriptB = lines;
+check("array", "uno,due", new VBArray(page.ArrayScriptB).toArray().join());
 try {
   stampa.Carica("", "1.vqs");
   check("an error", "raised", "none");

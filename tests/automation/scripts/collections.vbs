@@ -49,6 +49,19 @@ Check "number in array", "Integer 2", TypeName(rows(1)) & " " & rows(1)
 Check "flag in array", True, rows(2)
 Check "empty in array", True, IsEmpty(rows(3))
 Check "null in array", True, IsNull(rows(4))
+rows(0) = "altro"
+rows = pagina.ArrayTxt
+Check "apart from the page's", "uno", rows(0)
+Dim fixed(1)
+fixed(0) = "prima"
+fixed(1) = "seconda"
+pagina.ArrayScriptA = fixed
+pagina.ArrayScriptB = pagina.ArrayScriptA
+fixed(0) = "altra"
+rows = pagina.ArrayScriptA
+Check "array with fixed bounds", "prima", rows(0)
+rows = pagina.ArrayScriptB
+Check "array of a page", "seconda", rows(1)
 pagina.DistruggiArray
 
 Dim email: Set email = factory.NuovoDocumentoEmail
