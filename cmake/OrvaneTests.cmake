@@ -28,6 +28,12 @@ function(orvane_client name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 endfunction()
 
+# orvane_discover_tests(<program> <prefix> [PROPERTIES <property> <value>...]) registers the tests of a GoogleTest program.
+# A busy machine may take a while to start it.
+function(orvane_discover_tests program prefix)
+  gtest_discover_tests(${program} TEST_PREFIX ${prefix} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 600 ${ARGN})
+endfunction()
+
 # orvane_test(<name> <source>... [LINK <library>...] [LABEL <label>] [TIMEOUT <seconds>])
 # builds a GoogleTest program of the calling folder; ctest knows every test of it as <name>.<Suite>.<Test>.
 function(orvane_test name)
@@ -45,7 +51,7 @@ function(orvane_test name)
   if(properties)
     list(PREPEND properties PROPERTIES)
   endif()
-  gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST ${properties})
+  orvane_discover_tests(test_${name} ${name}. ${properties})
 endfunction()
 
 # orvane_python_test(<name> <file>) registers a unittest file of the calling folder as python.<name>.

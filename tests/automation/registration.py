@@ -16,7 +16,7 @@ CLASS = "07ed18d5-d952-44e1-bfab-a5c6a7bc4ff1"
 
 
 def run(*command):
-    return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=100).returncode
+    return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=600).returncode
 
 
 def export(runner, key, folder, name):

@@ -29,7 +29,7 @@ void inAnotherApartment(Body body) {
     SetEvent(done);
   });
   DWORD index = 0;
-  EXPECT_EQ(S_OK, CoWaitForMultipleHandles(0, 20000, 1, &done, &index));
+  EXPECT_EQ(S_OK, CoWaitForMultipleHandles(0, 600'000, 1, &done, &index));
   other.join();
   CloseHandle(done);
 }

@@ -24,7 +24,7 @@ class CommandLineTest(unittest.TestCase):
 
     def run_orvane(self, *arguments, stdout=subprocess.PIPE, **options):
         result = subprocess.run([os.environ["ORVANE"], *arguments], cwd=self.folder, stdout=stdout,
-                                stderr=subprocess.PIPE, timeout=60, check=False, **options)
+                                stderr=subprocess.PIPE, timeout=600, check=False, **options)
         return Outcome(result.returncode, (result.stdout or b"").decode("utf-8"), result.stderr.decode("utf-8"))
 
     def orvane(self, *arguments):

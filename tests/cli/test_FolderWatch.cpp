@@ -15,10 +15,10 @@ using Make = std::unique_ptr<FolderWatch> (*)(const std::string& folder);
 // The system's word, and looking again and again.
 class WatchedFolder : public testing::TestWithParam<Make> {
  protected:
-  // The names told of until that one is among them, or for ten seconds.
+  // The names told of until that one is among them, or for a minute.
   std::set<Text> namesUntil(const Text& name) {
     std::set<Text> names;
-    for (const auto end = Clock::now() + 10s; Clock::now() < end && names.count(name) == 0;) {
+    for (const auto end = Clock::now() + 60s; Clock::now() < end && names.count(name) == 0;) {
       const FolderChanges changes = watch->wait(1000ms);
       if (changes.anything) names.insert(name);
       names.insert(changes.names.begin(), changes.names.end());

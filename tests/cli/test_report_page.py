@@ -233,7 +233,7 @@ class Paper(PageTest):
     def text_of_paper(self):
         path = self.touch("page.pdf", self.browser.paper())
         return subprocess.run(["pdftotext", "-layout", path, "-"], capture_output=True, encoding="utf-8",
-                              timeout=60, check=True).stdout
+                              timeout=600, check=True).stdout
 
     def test_there_are_no_controls(self):
         self.browser.run(click("#table tbody tr"))

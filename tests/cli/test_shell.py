@@ -28,7 +28,7 @@ class Completion(ShellTest):
         script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _orvane; '
                   'printf "%s\\n" "${COMPREPLY[@]}"')
         shown = subprocess.run(["bash", "-c", script, "bash", SOURCES / "orvane.bash", os.environ["ORVANE"], *words],
-                               cwd=self.folder, capture_output=True, encoding="utf-8", timeout=60, check=True)
+                               cwd=self.folder, capture_output=True, encoding="utf-8", timeout=600, check=True)
         self.assertEqual("", shown.stderr)
         return shown.stdout.split()
 
@@ -87,14 +87,14 @@ class Mentions(ShellTest):
 class ManualPage(ShellTest):
     def test_the_page_says_what_the_help_says(self):
         made = subprocess.run([sys.executable, "-B", SOURCES / "man.py", os.environ["ORVANE"]], capture_output=True,
-                              encoding="utf-8", timeout=60, check=True)
+                              encoding="utf-8", timeout=600, check=True)
         self.assertEqual(made.stdout, (SOURCES / "orvane.1").read_text(encoding="utf-8"),
                          "cli/orvane.1 is old: run cli/man.py")
 
     @unittest.skipUnless(shutil.which("groff"), "no groff")
     def test_the_page_is_well_formed_and_shows_every_command(self):
         shown = subprocess.run(["groff", "-man", "-Tutf8", "-ww", "-P-cbou", SOURCES / "orvane.1"], capture_output=True,
-                               encoding="utf-8", timeout=60, check=True)
+                               encoding="utf-8", timeout=600, check=True)
         self.assertEqual("", shown.stderr)
         for command in self.commands():
             self.assertIn(f"orvane {command} [OPTIONS]", shown.stdout)

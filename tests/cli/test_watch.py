@@ -15,7 +15,7 @@ class Watch(CommandLineTest):
 
     def start(self, *options):
         """Runs watch up to its first changes; returns the program and the lines that it has begun with."""
-        program = subprocess.Popen([os.environ["ORVANE"], "watch", "jobs", "--seconds", "30", *options],
+        program = subprocess.Popen([os.environ["ORVANE"], "watch", "jobs", "--seconds", "600", *options],
                                    cwd=self.folder, stdout=subprocess.PIPE)
         self.addCleanup(program.stdout.close)
         self.addCleanup(program.kill)
@@ -40,7 +40,7 @@ class Watch(CommandLineTest):
                 self.assertRegex(self.lines(program, 1)[0], r"^- fax +2 +.* 123 ")
                 os.rename(self.folder / "2.vqf", self.folder / "jobs" / "2.vqf")
                 self.assertRegex(self.lines(program, 1)[0], r"^\+ fax +2 +.* 123 ")
-                self.assertEqual(0, program.wait(30))
+                self.assertEqual(0, program.wait(600))
                 self.orvane("set", "jobs/1.vqs", "Coda.Codice=vdcs_DaStampare")
 
     def test_what_a_list_does_not_show_is_no_change(self):
@@ -50,18 +50,20 @@ class Watch(CommandLineTest):
         self.orvane("set", "jobs/1.vqs", "Copie=7")
         self.orvane("set", "jobs/1.vqs", "Stampante=Aghi")
         self.assertRegex(self.lines(program, 1)[0], r"^\* stampa +1 +.* Aghi ")
-        self.assertEqual(0, program.wait(30))
+        self.assertEqual(0, program.wait(600))
 
     def test_a_job_that_is_being_composed_is_shown_when_it_rests(self):
         program = self.start("--count", "1")
         self.lines(program, 3)
         content = (self.folder / "jobs/1.vqs").read_bytes()
+        stages = []
         for printer in ["A", "B", "C", "D", "Aghi"]:
-            temporary = self.folder / "jobs/composed"
-            temporary.write_bytes(content.replace("Laser".encode("utf-16-le"), printer.encode("utf-16-le")))
-            os.replace(temporary, self.folder / "jobs/3.vqs")
+            stages.append(self.folder / printer)
+            stages[-1].write_bytes(content.replace("Laser".encode("utf-16-le"), printer.encode("utf-16-le")))
+        for stage in stages:
+            os.replace(stage, self.folder / "jobs/3.vqs")
         self.assertRegex(self.lines(program, 1)[0], r"^\+ stampa +1 +.* Aghi ")
-        self.assertEqual(0, program.wait(30))
+        self.assertEqual(0, program.wait(600))
 
     def test_a_job_that_leaves_the_filter_is_shown_once_more(self):
         program = self.start("--count", "2", "--state", "waiting", "--kind", "stampa")
@@ -72,7 +74,7 @@ class Watch(CommandLineTest):
         self.orvane("set", "jobs/1.vqs", "Coda.Codice=vdcs_Stampato")
         self.orvane("set", "jobs/1.vqs", "Coda.Codice=vdcs_DaStampare")
         self.assertRegex(self.lines(program, 1)[0], r"^\* stampa +1 +In attesa di stampa ")
-        self.assertEqual(0, program.wait(30))
+        self.assertEqual(0, program.wait(600))
 
     def test_a_missing_folder_is_refused(self):
         for options in [[], ["--poll"]]:

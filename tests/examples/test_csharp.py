@@ -41,7 +41,7 @@ class CSharp(unittest.TestCase):
         result = subprocess.run(
             [os.environ["ORVANE_MCS"], "-warnaserror", *options, f"-out:{self.folder / 'program.exe'}",
              self.folder / "OrvaneDocumenti.cs", source],
-            capture_output=True, text=True, timeout=100, check=False)
+            capture_output=True, text=True, timeout=600, check=False)
         return "" if result.returncode == 0 else result.stdout + result.stderr
 
     def compile_text(self, text):

@@ -8,7 +8,7 @@ import tempfile
 import time
 import unittest
 
-PATIENCE = 60  # seconds for all jobs to reach their end
+PATIENCE = 600  # seconds for all jobs to reach their end
 
 Kind = collections.namedtuple("Kind", "name options value stamps done done_code")
 

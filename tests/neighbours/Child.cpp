@@ -10,8 +10,8 @@ namespace neighbours {
 
 namespace {
 
-constexpr DWORD kLongest = 20'000;
-constexpr DWORD kRest = 30;  // longer than the system's coarsest sleep, so that who waits gets his turn
+constexpr DWORD kLongest = 600'000;  // on a machine that is busy with other things
+constexpr DWORD kRest = 250;         // so that who waits gets his turn on a busy machine too
 
 orvane::Text textOf(const std::wstring& text) { return {text.begin(), text.end()}; }
 
@@ -88,8 +88,10 @@ Child::Child(const std::wstring& role, const std::wstring& file, int first, int 
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION made{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made))
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made)) {
+    failure_ = GetLastError();
     return;
+  }
   CloseHandle(made.hThread);
   process_ = made.hProcess;
 }
@@ -101,11 +103,19 @@ Child::~Child() {
   CloseHandle(mapping_);
 }
 
-bool Child::waitUntilReady() const {
-  while (!board_->ready) {
-    if (WaitForSingleObject(process_, 1) != WAIT_TIMEOUT) return false;
-  }
-  return true;
+testing::AssertionResult Child::wait(const std::string& what, const volatile LONG& told, LONG least) const {
+  if (!process_) return testing::AssertionFailure() << "a child was not started: error " << failure_;
+  const ULONGLONG end = GetTickCount64() + kLongest;
+  DWORD state = WAIT_TIMEOUT;
+  while (told < least && state == WAIT_TIMEOUT && GetTickCount64() < end)
+    state = WaitForSingleObject(process_, 1);
+  if (told >= least) return testing::AssertionSuccess();
+  DWORD code = 0;
+  GetExitCodeProcess(process_, &code);
+  return testing::AssertionFailure() << "waited for a child " << what
+                                     << (state == WAIT_TIMEOUT ? "; it still runs, " : "; it ended, ")
+                                     << "exit code " << code << ", ready " << board_->ready << ", done "
+                                     << board_->done;
 }
 
 void Child::kill() const {

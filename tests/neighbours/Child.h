@@ -1,6 +1,7 @@
 // Another process of the test program itself.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <string>
@@ -28,8 +29,11 @@ class Child {
 
   Board& board() { return *board_; }
 
-  /// Until the child has begun; false where it has ended instead.
-  bool waitUntilReady() const;
+  /// Until the child has begun, and until it has told `number`. A failure says what became of it instead.
+  testing::AssertionResult waitUntilReady() const { return wait("to begin", board_->ready, 1); }
+  testing::AssertionResult waitUntilDone(LONG number) const {
+    return wait("to be done with number " + std::to_string(number), board_->done, number);
+  }
 
   /// At whatever it is about.
   void kill() const;
@@ -38,9 +42,12 @@ class Child {
   DWORD stop() const;
 
  private:
+  testing::AssertionResult wait(const std::string& what, const volatile LONG& told, LONG least) const;
+
   HANDLE mapping_;
   Board* board_;
   HANDLE process_ = nullptr;
+  DWORD failure_ = 0;  // to start it
 };
 
 }  // namespace neighbours

@@ -29,7 +29,7 @@ def start(*command):
 
 def finished(kind, process):
     """The last line of a program that must end well."""
-    out, err = process.communicate(timeout=600)
+    out, err = process.communicate(timeout=3000)
     if process.returncode != 0:
         sys.exit(f"mixed: {kind} ended with {process.returncode}: {err.strip()}")
     return out.strip().splitlines()[-1]

@@ -53,7 +53,8 @@ IDispatch* makeFactory() {
 }
 
 void waitFor(const wchar_t* file) {
-  for (int tries = 0; tries < 600 && GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES; ++tries) Sleep(100);
+  for (int tries = 0; tries < 6000 && GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES; ++tries)
+    Sleep(100);
 }
 
 void run(const wchar_t* folder, const wchar_t* file) {

@@ -169,7 +169,7 @@ class Installer(WindowsTest):
         for client in clients:
             self.assertEqual("Laser", client.stdout.readline().strip())
             client.stdout.close()
-            self.assertEqual(0, client.wait(timeout=60))
+            self.assertEqual(0, client.wait(timeout=600))
             (self.jobs / "1.vqs").unlink(missing_ok=True)
         self.leaves_nothing()
 

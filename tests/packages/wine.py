@@ -22,7 +22,7 @@ class Wine:
             "WINEPREFIX": str(folder), "WINEDEBUG": "-all", "WINEDLLOVERRIDES": "winemenubuilder.exe="}
         shutil.rmtree(folder, ignore_errors=True)
         folder.mkdir(parents=True)
-        self.run("wineboot", "--init", timeout=300)
+        self.run("wineboot", "--init", timeout=600)
         # The first script has Wine register what scripts need.
         script = self.drive / "first.vbs"
         script.write_text('WScript.Echo CreateObject("WScript.Shell").ExpandEnvironmentStrings("%PROCESSOR_ARCHITECTURE%")\r\n',
@@ -38,7 +38,7 @@ class Wine:
         return subprocess.Popen(["wine", *map(str, command)], env=self.environment, stdout=subprocess.PIPE,
                                 stderr=subprocess.DEVNULL, encoding="utf-8")
 
-    def run(self, *command, timeout=120, loader="wine"):
+    def run(self, *command, timeout=600, loader="wine"):
         """Exit code and output."""
         done = subprocess.run([loader, *map(str, command)], env=self.environment, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL, encoding="utf-8", timeout=timeout, check=False)
@@ -49,10 +49,10 @@ class Wine:
 
     def shut_down(self):
         """Once all programs have ended; then the registry is on the disk."""
-        subprocess.run([wineserver(), "-w"], env=self.environment, timeout=120, check=True)
+        subprocess.run([wineserver(), "-w"], env=self.environment, timeout=600, check=True)
 
     def stop(self):
-        subprocess.run([wineserver(), "-k"], env=self.environment, timeout=60, check=False)
+        subprocess.run([wineserver(), "-k"], env=self.environment, timeout=600, check=False)
 
     def state(self):
         """What is on the disk and in the registry when the machine has been started again, which is when files that

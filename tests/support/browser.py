@@ -37,7 +37,7 @@ class Browser:
     def __exit__(self, *_):
         try:
             self._send("Browser.close", of_page=False)
-            self._process.wait(timeout=60)
+            self._process.wait(timeout=600)
         finally:
             self._end()
 

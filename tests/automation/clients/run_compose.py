@@ -69,7 +69,7 @@ def faults_of_run(command, folder):
     jobs, attachment = folder / "jobs", folder / "offerta.pdf"
     jobs.mkdir()
     attachment.write_bytes(b"%PDF-1.4\n")
-    result = subprocess.run([*command, windows_name(jobs), windows_name(attachment)], capture_output=True, timeout=100,
+    result = subprocess.run([*command, windows_name(jobs), windows_name(attachment)], capture_output=True, timeout=600,
                             check=False)
     output = result.stdout.decode("utf-8", "replace").replace("\r\n", "\n")
     if (result.returncode, output) != (0, OUTPUT):

@@ -44,7 +44,7 @@ def fault(command, code):
         folder = pathlib.Path(name).resolve()
         file = folder / "excerpt.vbs"
         file.write_text(script(code, folder), encoding="utf-8", newline="\r\n")
-        result = subprocess.run([*command, run_compose.windows_name(file)], capture_output=True, timeout=100, check=False)
+        result = subprocess.run([*command, run_compose.windows_name(file)], capture_output=True, timeout=600, check=False)
     output = result.stdout.decode("utf-8", "replace").split()
     return None if output[-4:] == END.split() else f"{result.returncode} {output} {result.stderr.decode(errors='replace')}"
 
