@@ -28,6 +28,10 @@ def digest(*texts):
     return hashlib.sha256("\0".join(texts).encode()).hexdigest()[:20]
 
 
+def digest_of_bytes(*files):
+    return digest(*(hashlib.sha256(file.read_bytes()).hexdigest() for file in files))
+
+
 def files_of(root, folders):
     """What is compiled or read by a test program: Python's files are neither."""
     for folder in folders:

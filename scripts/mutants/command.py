@@ -6,11 +6,11 @@ import re
 import threading
 import time
 
-from mutants import reach as reaching
 from mutants.base import FOLDERS, Base, digest_of_files
 from mutants.operators import mutants_of
+from mutants.reach import measure
 from mutants.results import Report, Results, key_of, order_of, read_equivalents
-from mutants.runner import Run, Runner
+from mutants.runner import Runner
 from mutants.trial import Worker, try_all
 
 PROGRAMS = [f"tests/unit/test_{name}" for name in ("core", "codes", "pages", "fax", "email", "queues", "documents")] + [
@@ -41,14 +41,10 @@ def say(text):
 
 
 def make_workers(root, build, count):
-    """Builds the unchanged sources and measures, once for each text of sources and tests, which tests reach what."""
+    """Builds the unchanged sources and measures which tests reach what."""
     base = Base(root, build)
     base.make(PROGRAMS, count)
-    reach = reaching.load(base.stamp, build / "reach.json", Run)
-    if reach is None:
-        say("mutate: measuring which tests reach what")
-        reach = reaching.measure(base, Runner(build / "work0"), PROGRAMS)
-        reaching.save(reach, base.stamp, build / "reach.json")
+    reach = measure(base, Runner(build / "work0"), PROGRAMS, build / "reach.json")
     return [Worker(base, reach, number) for number in range(count)]
 
 

@@ -6,8 +6,8 @@ import pathlib
 import subprocess
 import tempfile
 
-from mutants.base import FOLDERS
-from mutants.runner import Part, suites
+from mutants.base import FOLDERS, digest_of_bytes
+from mutants.runner import Part, Run, suites
 
 # A program that works longer is run suite by suite.
 WHOLE_SECONDS = 1.0
@@ -32,19 +32,36 @@ class Reach:
         return sorted(found, key=lambda part: (self.parts[part].cpu, part.name()))
 
 
-def measure(base, runner, programs):
-    """Runs all programs; returns the reach, or raises where a test fails."""
-    parts, hits = {}, {}
+def measure(base, runner, programs, file):
+    """The reach of the programs; those that are as they were are not run again. Raises where a test fails."""
+    known = json.loads(file.read_text()) if file.exists() else {}
+    document = {}
     for program in programs:
-        whole = Part(program)
-        result, lines = _run(base, runner, whole)
-        pieces = {whole: (result, lines)}
-        if result.cpu > WHOLE_SECONDS:
-            environment = dict(os.environ, LLVM_PROFILE_FILE=os.devnull)
-            names = suites(base.build / program, environment)
-            pieces = {Part(program, name): _run(base, runner, Part(program, name)) for name in names}
-        for part, (result, lines) in pieces.items():
-            parts[part], hits[part] = result, lines
+        stamp = digest_of_bytes(base.build / program, base.build / base.library_file)
+        document[program] = known.get(program, {})
+        if document[program].get("stamp") != stamp:
+            print(f"mutate: measuring what {program} reaches", flush=True)
+            document[program] = {"stamp": stamp, "parts": _measure(base, runner, program)}
+            file.write_text(json.dumps(known | document))
+    return _reach(document)
+
+
+def _measure(base, runner, program):
+    """A row a part of the program."""
+    whole = _run(base, runner, Part(program))
+    if whole["cpu"] <= WHOLE_SECONDS:
+        return [whole]
+    environment = dict(os.environ, LLVM_PROFILE_FILE=os.devnull)
+    return [_run(base, runner, Part(program, name)) for name in suites(base.build / program, environment)]
+
+
+def _reach(document):
+    parts, hits = {}, {}
+    for program, measured in document.items():
+        for row in measured["parts"]:
+            part = Part(program, row["filter"])
+            parts[part] = Run(True, row["seconds"], row["cpu"])
+            hits[part] = {path: set(lines) for path, lines in row["hits"].items()}
     return Reach(parts, hits)
 
 
@@ -56,7 +73,8 @@ def _run(base, runner, part):
         if not result.passed:
             raise RuntimeError(f"{part.name()} fails without a mutant, see {log}")
         lines = _lines(base, part.program, pathlib.Path(folder))
-    return result, lines
+    hits = {path: sorted(reached) for path, reached in lines.items()}
+    return {"filter": part.filter, "seconds": result.seconds, "cpu": result.cpu, "hits": hits}
 
 
 def _lines(base, program, folder):
@@ -82,23 +100,3 @@ def parse(text, tree):
             if count:
                 hits.setdefault(path, set()).add(number)
     return hits
-
-
-def save(reach, stamp, file):
-    document = {"stamp": stamp, "parts": [{"program": part.program, "filter": part.filter, "seconds": run.seconds, "cpu": run.cpu,
-                           "hits": {path: sorted(lines) for path, lines in reach.hits[part].items()}}
-                          for part, run in reach.parts.items()]}
-    file.write_text(json.dumps(document))
-
-
-def load(stamp, file, make_run):
-    """What was saved under the stamp, None if there is no such."""
-    document = json.loads(file.read_text()) if file.exists() else {}
-    if document.get("stamp") != stamp:
-        return None
-    parts, hits = {}, {}
-    for row in document["parts"]:
-        part = Part(row["program"], row["filter"])
-        parts[part] = make_run(True, row["seconds"], row["cpu"])
-        hits[part] = {path: set(lines) for path, lines in row["hits"].items()}
-    return Reach(parts, hits)

@@ -8,7 +8,9 @@ import subprocess
 import time
 from dataclasses import dataclass
 
-# As root everything but the worker's own folder is read-only, and what is kept in memory goes with the run.
+# Ends with this process. As root everything but the worker's own folder is read-only, and what is kept in memory goes with
+# the run.
+BOUND = ["setpriv", "--pdeathsig", "KILL"]
 PRIVATE = ["unshare", "--mount", "--propagation", "private"]
 ENTER = """ulimit -c 0; ulimit -t {cpu}
 if [ "$(id -u)" = 0 ]; then
@@ -47,7 +49,7 @@ class Runner:
         environment = dict(os.environ, TMPDIR=str(self.folder / "tmp"), LD_LIBRARY_PATH=str(library),
                            LLVM_PROFILE_FILE=str(profile))
         script = ENTER.format(cpu=int(cpu), folder=shlex.quote(str(self.folder)))
-        command = [*(PRIVATE if os.geteuid() == 0 else []), "sh", "-c", script, "sh", str(program), "--gtest_brief=1",
+        command = [*BOUND, *(PRIVATE if os.geteuid() == 0 else []), "sh", "-c", script, "sh", str(program), "--gtest_brief=1",
                    "--gtest_fail_fast", f"--gtest_filter={part.filter}"]
         with open(log or os.devnull, "wb") as sink:
             child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=sink, stderr=sink,

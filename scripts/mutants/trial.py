@@ -1,8 +1,8 @@
 """Tries mutants, several at a time."""
 
-import concurrent.futures
 import queue
 import time
+from concurrent.futures import ThreadPoolExecutor
 
 from mutants.compiler import Compiler
 from mutants.results import BROKEN, KILLED, SURVIVED, Result, group_of
@@ -51,7 +51,7 @@ def try_all(mutants, sources, workers, tests, until, done):
             free.put(worker)
         done(mutant, Result(verdict, killer, round(time.monotonic() - begin, 2), tests))
 
-    with concurrent.futures.ThreadPoolExecutor(len(workers)) as pool:
+    with ThreadPoolExecutor(len(workers)) as pool:
         try:
             for future in [pool.submit(task, mutant) for mutant in mutants]:
                 future.result()
