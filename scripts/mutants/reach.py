@@ -1,5 +1,6 @@
 """Which parts of the tests reach which lines, measured once with the unchanged programs."""
 
+import collections
 import json
 import os
 import pathlib
@@ -11,6 +12,8 @@ from mutants.runner import Part, Run, suites
 
 # A program that works longer is run suite by suite.
 WHOLE_SECONDS = 1.0
+# Suites that work less are run together: to start a program takes longer than many a suite.
+QUICK_SECONDS = 0.5
 # What works longer, as crews and kills do, is for the store alone.
 LONG_SECONDS = 6.0
 ENOUGH = 3600
@@ -23,13 +26,22 @@ class Reach:
         self.parts, self.hits = parts, hits
 
     def of(self, path, first, last, with_long):
-        """The parts that reach one of the lines, the quickest first. Where none does, or the lines have no counter, those
-        that reach the file; where there is none either, all."""
+        """The parts that reach one of the lines, the quickest first, with what a run of them takes. Where none does, or the
+        lines have no counter, those that reach the file; where there is none either, all."""
         wanted = set(range(first, last + 1))
         allowed = [part for part in self.parts if with_long or self.parts[part].cpu <= LONG_SECONDS]
         found = [part for part in allowed if self.hits[part].get(path, set()) & wanted]
         found = found or [part for part in allowed if self.hits[part].get(path)] or allowed
-        return sorted(found, key=lambda part: (self.parts[part].cpu, part.name()))
+        return sorted(self._joined(found), key=lambda pair: (pair[1].cpu, pair[0].name()))
+
+    def _joined(self, found):
+        groups = collections.defaultdict(list)
+        for part in found:
+            groups[part.program, part.filter if self.parts[part].cpu > QUICK_SECONDS else ""].append(part)
+        for (program, _), parts in groups.items():
+            runs = [self.parts[part] for part in parts]
+            yield Part(program, ":".join(part.filter for part in parts)), Run(
+                True, sum(run.seconds for run in runs), sum(run.cpu for run in runs))
 
 
 def measure(base, runner, programs, file):

@@ -1,6 +1,7 @@
 """Runs test programs where a mutant can do no harm and does not hold up the rest."""
 
 import os
+import re
 import shlex
 import shutil
 import signal
@@ -34,8 +35,9 @@ class Part:
 @dataclass(frozen=True)
 class Run:
     passed: bool
-    seconds: float
+    seconds: float  # without those spent waiting for a processor
     cpu: float
+    in_time: bool = True
 
 
 class Runner:
@@ -60,8 +62,9 @@ class Runner:
 def wait(child, seconds):
     """Waits for the child and, in the end, kills whatever it left."""
     begin, status, usage = time.monotonic(), None, None
-    pause = 0.005
-    while status is None and time.monotonic() - begin < seconds:
+    pause, spent = 0.005, 0.0
+    while status is None and spent < seconds:
+        spent = max(spent, time.monotonic() - begin - queued(child.pid))
         ended, code, usage = os.wait4(child.pid, os.WNOHANG)
         if ended:
             status = os.waitstatus_to_exitcode(code)
@@ -75,7 +78,16 @@ def wait(child, seconds):
     if status is None:
         _, _, usage = os.wait4(child.pid, 0)
     child.returncode = status if status is not None else -signal.SIGKILL
-    return Run(status == 0, time.monotonic() - begin, usage.ru_utime + usage.ru_stime)
+    return Run(status == 0, spent, usage.ru_utime + usage.ru_stime, status is not None and status != -signal.SIGKILL)
+
+
+def queued(pid):
+    """How long the process has been waiting for a processor: on a busy machine that is no fault of its own."""
+    try:
+        with open(f"/proc/{pid}/schedstat", encoding="ascii") as file:
+            return int(file.read().split()[1]) / 1e9
+    except (OSError, IndexError, ValueError):
+        return 0.0
 
 
 def suites(program, environment):
@@ -84,3 +96,9 @@ def suites(program, environment):
                           text=True).stdout
     names = [line.split(".")[0] for line in text.splitlines() if line and not line.startswith((" ", "Running"))]
     return sorted({name + ".*" for name in names})
+
+
+def failed_test(log):
+    """The first test that the output says has failed, nothing where the program crashed."""
+    match = re.search(r"\[  FAILED  \] (\S+?),? ", log.read_text(errors="replace"))
+    return match[1] if match else ""

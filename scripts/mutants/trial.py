@@ -6,7 +6,7 @@ from concurrent.futures import ThreadPoolExecutor
 
 from mutants.compiler import Compiler
 from mutants.results import BROKEN, KILLED, SURVIVED, Result, group_of
-from mutants.runner import Runner
+from mutants.runner import Runner, failed_test
 
 
 class Worker:
@@ -22,17 +22,15 @@ class Worker:
         if library is None:
             return BROKEN, ""
         parts = self.reach.of(mutant.path, mutant.line, mutant.last_line, group_of(mutant.path) == "store")
-        for part in parts:
+        for part, usual in parts:
             program = self.compiler.program(part.program)
             if program is None:
                 return BROKEN, ""
-            if not self._passes(program, part, library.parent):
-                return KILLED, part.name()
+            log = self.runner.folder / "log"
+            run = self.runner.run(program, part, library.parent, 5 + 4 * usual.cpu, 20 + 6 * usual.seconds, log=log)
+            if not run.passed:
+                return KILLED, f"{part.program} {failed_test(log) if run.in_time else 'takes too long'}"
         return SURVIVED, ""
-
-    def _passes(self, program, part, library):
-        usual = self.reach.parts[part]
-        return self.runner.run(program, part, library, 5 + 4 * usual.cpu, 20 + 6 * usual.seconds).passed
 
 
 def try_all(mutants, sources, workers, tests, until, done):

@@ -3,6 +3,7 @@
 import contextlib
 import io
 import pathlib
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -13,7 +14,7 @@ from mutants.compiler import preamble  # noqa: E402
 from mutants.operators import mutants_of  # noqa: E402
 from mutants.reach import Reach, parse  # noqa: E402
 from mutants.results import KILLED, SURVIVED, group_of, order_of  # noqa: E402
-from mutants.runner import Part, Run  # noqa: E402
+from mutants.runner import Part, Run, wait  # noqa: E402
 
 # A source, and the lines that its mutants have in place of the first that they touch.
 MUTANTS = [
@@ -82,20 +83,24 @@ class Groups(unittest.TestCase):
 
 
 class Reached(unittest.TestCase):
-    QUICK, SLOW, LONG = Part("quick"), Part("slow", "Suite.*"), Part("long")
-
     def setUp(self):
-        runs = {self.SLOW: Run(True, 2, 2), self.QUICK: Run(True, 1, 1), self.LONG: Run(True, 60, 60)}
-        self.reach = Reach(runs, {self.SLOW: {"a": {1, 2}}, self.QUICK: {"a": {2, 3}, "b": {1}}, self.LONG: {"a": {2}}})
+        parts = [("slow", "A.*", 2.0, {"a": [1, 2]}), ("quick", "*", 0.3, {"a": [2, 3], "b": [1]}), ("long", "*", 60.0, {"a": [2]}),
+                 ("slow", "B.*", 0.4, {"a": [2]}), ("slow", "C.*", 0.4, {"a": [2]})]
+        named = {Part(program, tests): (Run(True, cpu, cpu), hits) for program, tests, cpu, hits in parts}
+        self.reach = Reach({part: run for part, (run, _) in named.items()},
+                           {part: {path: set(lines) for path, lines in hits.items()} for part, (_, hits) in named.items()})
 
-    def test_by_line_the_quickest_first(self):
-        self.assertEqual(self.reach.of("a", 2, 2, True), [self.QUICK, self.SLOW, self.LONG])
-        self.assertEqual(self.reach.of("a", 2, 2, False), [self.QUICK, self.SLOW])
-        self.assertEqual(self.reach.of("a", 0, 1, True), [self.SLOW])
+    def names(self, *place):
+        return [part.name() for part, _ in self.reach.of(*place)]
+
+    def test_by_line_the_quickest_first_and_together(self):
+        self.assertEqual(self.names("a", 2, 2, True), ["quick", "slow B.*:C.*", "slow A.*", "long"])
+        self.assertEqual(self.names("a", 2, 2, False), ["quick", "slow B.*:C.*", "slow A.*"])
+        self.assertEqual(self.names("a", 0, 1, True), ["slow A.*"])
 
     def test_by_file_where_no_line_is(self):
-        self.assertEqual(self.reach.of("b", 9, 9, True), [self.QUICK])
-        self.assertEqual(self.reach.of("c", 1, 1, True), [self.QUICK, self.SLOW, self.LONG])
+        self.assertEqual(self.names("b", 9, 9, True), ["quick"])
+        self.assertEqual(self.names("c", 1, 1, True), ["quick", "slow B.*:C.*", "slow A.*", "long"])
 
     def test_is_read_from_a_trace(self):
         trace = "SF:/t/core/A.h\nDA:1,0\nDA:2,5\nend_of_record\nSF:/usr/b.h\nDA:1,1\nend_of_record\n"
@@ -106,6 +111,22 @@ class Preamble(unittest.TestCase):
     def test_ends_where_code_begins(self):
         self.assertEqual(preamble("// A.\n#include <b>\n\n#include \"c\"\nint d;\n#include <e>\n"),
                          '// A.\n#include <b>\n\n#include "c"\n')
+
+
+class Waiting(unittest.TestCase):
+    @staticmethod
+    def run_of(script, seconds):
+        child = subprocess.Popen(["sh", "-c", script], start_new_session=True)
+        return wait(child, seconds)
+
+    def test_tells_how_it_ended(self):
+        self.assertEqual([(run.passed, run.in_time) for run in (self.run_of("exit 0", 60), self.run_of("exit 3", 60))],
+                         [(True, True), (False, True)])
+
+    def test_ends_what_does_not_end(self):
+        for script, seconds in (("sleep 1000", 0.01), ("ulimit -t 1; while :; do :; done", 600)):
+            run = self.run_of(script, seconds)
+            self.assertEqual((run.passed, run.in_time), (False, False), script)
 
 
 class FakeWorker:
