@@ -33,10 +33,11 @@ def digest_of_bytes(*files):
 
 
 def files_of(root, folders):
-    """What is compiled or read by a test program: Python's files are neither."""
+    """What is compiled or read by a test program: Python's files are neither, nor is our list of mutants."""
     for folder in folders:
         paths = [root / folder] if (root / folder).is_file() else sorted((root / folder).rglob("*"))
-        yield from (path for path in paths if path.is_file() and path.suffix not in (".py", ".pyc", ".md"))
+        yield from (path for path in paths if path.is_file() and path.suffix not in (".py", ".pyc", ".md")
+                    and path.parent.name != "mutants")
 
 
 def digest_of_files(root, folders):
