@@ -4,14 +4,13 @@
 
 namespace orvane {
 
-// A stack is one allocation, from its lowest address on.
+// A stack is one allocation. From the page in use up to its highest address all of it is in use alike.
 StackSpace stackSpace() {
-  const auto* const block = static_cast<const NT_TIB*>(static_cast<const void*>(NtCurrentTeb()));
   MEMORY_BASIC_INFORMATION memory{};
-  const char* const here = reinterpret_cast<const char*>(&memory);
   if (VirtualQuery(&memory, &memory, sizeof memory) == 0) return {};
+  const auto* const here = reinterpret_cast<const char*>(&memory);
   const auto* const lowest = static_cast<const char*>(memory.AllocationBase);
-  const auto* const highest = static_cast<const char*>(block->StackBase);
+  const auto* const highest = static_cast<const char*>(memory.BaseAddress) + memory.RegionSize;
   return {static_cast<std::size_t>(highest - lowest), static_cast<std::size_t>(here - lowest)};
 }
 
