@@ -18,8 +18,9 @@ from mutants.runner import Part, Run, wait  # noqa: E402
 
 # A source, and the lines that its mutants have in place of the first that they touch.
 MUTANTS = [
-    ("void f() { bind(file, A, B); }",
-     ["void f() { ; }", "void f() { bind(A, file, B); }", "void f() { bind(file, B, A); }"]),
+    ("void f() { load(file, A, B); }",
+     ["void f() { ; }", "void f() { load(A, file, B); }", "void f() { load(file, B, A); }"]),
+    ("void f() { bind(file, A, B); }", ["void f() { ; }"]),
     ("void f() { g(*file, *this, a); }", ["void f() { ; }"]),
     ("void f(Text a, int b = 2);", ["void f(Text a, int b = 1);", "void f(Text a, int b = 3);"]),
     ("Row rows[] = {{A, u\"a\"}, {B, u\"b\"}};",
