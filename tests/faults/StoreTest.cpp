@@ -174,6 +174,18 @@ TEST_F(Store, FlushesEveryWriteOfFilesThatAreOpenAlready) {
   EXPECT_EQ(flushesOfAWrite(u"4"), 0);
 }
 
+TEST_F(Store, FlushesAFileOnceForTheChangesOfItsLife) {
+  const SystemCalls calls({.name = "fsync"});
+  {
+    JobFile file(name_);
+    file.write(u"A", u"k", u"2");
+    file.write(u"A", u"k", u"3");
+    file.flush();
+    EXPECT_EQ(calls.count(), 2) << "the file and its folder";
+  }
+  EXPECT_EQ(calls.count(), 2);
+}
+
 // What the system answers while another has a lease of the file.
 TEST_F(Store, WaitsForAFileThatIsLeased) {
   const SystemCalls calls({.at = 0, .code = EWOULDBLOCK, .name = "open"});

@@ -218,6 +218,13 @@ TEST_F(FullDevice, ShowsBeforeTheBodyFileOfADuplicationIsTouched) {
   EXPECT_EQ(to->Proprieta.FileCorpo.Nome, u"");
 }
 
+TEST_F(FullDevice, LeavesAQueueWithItsNewCodeAlone) {
+  EXPECT_EQ(errorOf([&] { to->Coda.Codice = vdcs_InStampa; }), 61);
+  EXPECT_EQ(to->Coda.Codice.get(), vdcs_InStampa);
+  EXPECT_EQ(to->Coda.DataInStampa.get(), Date{});
+  EXPECT_EQ(to->Coda.UltimaCodaCodice.number(), 0);
+}
+
 TEST_F(FullDevice, LeavesADocumentThatCanBeBoundElsewhere) {
   VqDocStampa stampa;
   EXPECT_EQ(errorOf([&] { stampa.Inizializza(u"8", folder.path()); }), 61);

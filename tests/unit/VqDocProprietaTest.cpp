@@ -84,6 +84,13 @@ TEST_F(VqDocProprietaTest, WritesTwoFlagsToTheFileThatTheHeaderNamesNow) {
   EXPECT_EQ(job().lines(), u"[Proprieta]\nCollegato=-1\n");
 }
 
+// Only a header that names neither folder nor file swallows what is written.
+TEST_F(VqDocProprietaTest, WritesThemNowhereButToAHeaderOfHalfAName) {
+  proprieta.OttimizzaAreaPagina = true;
+  proprieta.FileIntestazione.Percorso = folder.path();
+  EXPECT_EQ(errorOf([&] { proprieta.OttimizzaAreaPagina = false; }), 52);
+}
+
 TEST_F(VqDocProprietaTest, ReadsEmptyValuesWithoutItsSection) {
   proprieta.Sigla = u"FT";
   proprieta.Priorita = 3;

@@ -1,5 +1,6 @@
 #include "codes/VqDocResDll.h"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 namespace orvane::test {
@@ -58,6 +59,33 @@ TEST(VqDocResDllTest, KeepsNoNameForAnEmptyOne) {
   strings.DllName(kPresent);
   strings.DllName(u"");
   EXPECT_EQ(strings.DllName(), u"");
+}
+
+// One that nothing else here needs.
+constexpr char kRare[] = "libBrokenLocale.so.1";
+constexpr char16_t kRareName[] = u"libBrokenLocale.so.1";
+
+bool isLoaded() {
+  void* const module = ::dlopen(kRare, RTLD_LAZY | RTLD_NOLOAD);
+  if (module != nullptr) ::dlclose(module);
+  return module != nullptr;
+}
+
+TEST(VqDocResDllTest, FreesALibraryThatAnotherReplaces) {
+  VqDocResDll strings;
+  strings.DllName(kRareName);
+  EXPECT_TRUE(isLoaded());
+  strings.DllName(kPresent);
+  EXPECT_FALSE(isLoaded());
+}
+
+TEST(VqDocResDllTest, FreesItsLibraryAtItsEnd) {
+  {
+    VqDocResDll strings;
+    strings.DllName(kRareName);
+    EXPECT_TRUE(isLoaded());
+  }
+  EXPECT_FALSE(isLoaded());
 }
 
 TEST(VqDocResDllTest, KnowsTheNameMeantForAnotherLanguage) {
