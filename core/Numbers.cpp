@@ -187,7 +187,7 @@ std::optional<double> parseStored(TextView text) {
 }
 
 std::optional<std::int32_t> detail::parseLongerLong(TextView text) {
-  const auto number = parseStored(text);
+  const auto number = parseLonger(text);
   if (!number) return std::nullopt;
   return roundToLong(*number);
 }

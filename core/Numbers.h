@@ -50,7 +50,7 @@ std::optional<std::int32_t> parseLongerLong(TextView text);
 
 }  // namespace detail
 
-/// The number that `parseStored` finds, rounded as `roundToLong` does it, and the same error.
+/// The number that `parseNumber` finds, rounded as `roundToLong` does it, and the same error.
 inline std::optional<std::int32_t> parseLong(TextView text) {
   const auto whole = detail::parseShortWhole(text);
   return whole ? whole : detail::parseLongerLong(text);
