@@ -147,6 +147,13 @@ void raiseIfReadOnly(const Stamp& old) {
   if (old.permissions & FILE_ATTRIBUTE_READONLY) raiseSystemError(ERROR_ACCESS_DENIED);
 }
 
+// Why a file or folder may not be used so; 0 where it may, and where somebody holds it for now.
+DWORD refusalOf(const std::wstring& path, DWORD use) {
+  const Handle handle(path, use, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+  const DWORD code = handle.isOpen() ? ERROR_SUCCESS : GetLastError();
+  return code == ERROR_SHARING_VIOLATION ? ERROR_SUCCESS : code;
+}
+
 void writeAll(const Handle& file, std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD put = 0;
@@ -231,8 +238,11 @@ Stamp DiskFile::read(std::string& bytes) const {
 
 void DiskFile::checkRights(const Stamp& old) const {
   raiseIfReadOnly(old);
-  const Handle folder(widePath(folder_), FILE_ADD_FILE, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
-  if (!folder.isOpen()) raiseLastSystemError();
+  const std::wstring folder = widePath(folder_);
+  if (const DWORD code = refusalOf(folder, FILE_ADD_FILE)) raiseSystemError(code);
+  const bool kept = old.exists && refusalOf(widePath(path_), DELETE) == ERROR_ACCESS_DENIED &&
+                    refusalOf(folder, FILE_DELETE_CHILD) == ERROR_ACCESS_DENIED;
+  if (kept) raiseSystemError(ERROR_ACCESS_DENIED);
 }
 
 void DiskFile::writeTemporary(std::string_view bytes, const Stamp& old, std::int64_t modified, bool durable) {
