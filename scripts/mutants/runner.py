@@ -13,10 +13,11 @@ from dataclasses import dataclass
 # the run.
 BOUND = ["setpriv", "--pdeathsig", "KILL"]
 PRIVATE = ["unshare", "--mount", "--propagation", "private"]
+NO_FOLDER = 99  # an exit code that no test program has
 ENTER = """ulimit -c 0; ulimit -t {cpu}
 if [ "$(id -u)" = 0 ]; then
   mount --bind {folder} {folder} && mount -t tmpfs mutate {folder}/tmp && mount -t tmpfs mutate /dev/shm &&
-  mount --bind {folder}/tmp /tmp && mount -o remount,bind,ro / || exit 99
+  mount --bind {folder}/tmp /tmp && mount -o remount,bind,ro / || exit {no_folder}
 fi
 cd {folder}/tmp && exec "$@"
 """
@@ -50,13 +51,16 @@ class Runner:
         (self.folder / "tmp").mkdir(parents=True)
         environment = dict(os.environ, TMPDIR=str(self.folder / "tmp"), LD_LIBRARY_PATH=str(library),
                            LLVM_PROFILE_FILE=str(profile))
-        script = ENTER.format(cpu=int(cpu), folder=shlex.quote(str(self.folder)))
+        script = ENTER.format(cpu=int(cpu), no_folder=NO_FOLDER, folder=shlex.quote(str(self.folder)))
         command = [*BOUND, *(PRIVATE if os.geteuid() == 0 else []), "sh", "-c", script, "sh", str(program), "--gtest_brief=1",
                    "--gtest_fail_fast", f"--gtest_filter={part.filter}"]
         with open(log or os.devnull, "wb") as sink:
             child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=sink, stderr=sink,
                                      start_new_session=True)
-            return wait(child, seconds)
+            result = wait(child, seconds)
+        if child.returncode == NO_FOLDER:
+            raise RuntimeError(f"there is no place to run {part.name()} in")
+        return result
 
 
 def wait(child, seconds):
