@@ -36,12 +36,13 @@ void Document::Inizializza(TextView Id, TextView PercorsoDocumenti, bool Collega
 
 void Document::InizializzaDocumento(TextView id, TextView folder, TextView fileName, bool linked) {
   checkBinding(Inizializzato, folder);
-  const Text own = Text(id) + (linked ? kind_.linkedExtension : kind_.extension);
+  const Text identity(id);  // which may be a text of this very document
+  const Text own = identity + (linked ? kind_.linkedExtension : kind_.extension);
   Proprieta.FileIntestazione = {Text(folder), fileName.empty() ? own : Text(fileName)};
   file_ = Apartment::profileAccess().open(Proprieta.FileIntestazione.File());
   file_->together([&] {
     bind(file_, Proprieta);
-    Proprieta.ImpostaId(id);
+    Proprieta.ImpostaId(identity);
     Proprieta.Tipo.Codice = kind_.type;
     bindComponents(file_);
     bind(file_, Pagine);
@@ -51,18 +52,19 @@ void Document::InizializzaDocumento(TextView id, TextView folder, TextView fileN
 }
 
 void Document::Carica(TextView Percorso, TextView NomeFile) {
-  loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
-    Proprieta.FileIntestazione = {Text(Percorso), Text(NomeFile)};
-    file_ = file;
-    try {
+  const std::int32_t before = links();
+  try {
+    loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
+      Proprieta.FileIntestazione = {Text(Percorso), Text(NomeFile)};
+      file_ = file;
       bindAndLoad(file_, Proprieta);
       loadFields(*file_);
       loadComponents(file_);
-    } catch (...) {
-      forgetLoadedLinks();
-      throw;
-    }
-  });
+    });
+  } catch (...) {
+    keepLinks(before);
+    throw;
+  }
   Inizializzato = true;
 }
 

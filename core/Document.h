@@ -53,8 +53,9 @@ class Document : public Fields, protected Owner {
   virtual void loadComponents(const std::shared_ptr<JobFile>& file) = 0;
   virtual void renderComponents(XmlWriter& xml) const = 0;
 
-  /// Takes the linked documents out that a load which has failed has added.
-  virtual void forgetLoadedLinks() noexcept = 0;
+  /// How many linked documents there are; and takes those behind the first `count` out.
+  virtual std::int32_t links() const = 0;
+  virtual void keepLinks(std::int32_t count) noexcept = 0;
 
   /// What a kind does once `Inizializza` has bound its components.
   virtual void initialised() {}

@@ -66,33 +66,36 @@ class KeyedCollection {
     byKey_.erase(own);
   }
 
-  /// Removes as many items from the end.
-  void removeLast(std::int32_t count) noexcept {
-    for (; count > 0; --count) {
+  /// Removes those behind the first `count`.
+  void keepFirst(std::int32_t count) noexcept {
+    while (size() > count) {
       const auto entry = byKey_.find(items_.back()->first);
+      const Pointer last = std::move(entry->second);
       items_.pop_back();
       byKey_.erase(entry);
     }
   }
 
   void clear() {
-    items_.clear();
-    byKey_.clear();
+    drain([](Pointer) {});
   }
 
-  /// Removes all items and hands each to `take`, in no order.
+  /// Removes all items, then hands each to `take`, first to last. What ends with one finds the collection
+  /// empty.
   template <class Take>
   void drain(Take take) {
-    items_.clear();
-    for (auto& [key, item] : byKey_) take(std::move(item));
+    const Table entries = std::move(byKey_);
+    const std::vector<Entry*> items = std::move(items_);
     byKey_.clear();
+    items_.clear();
+    for (Entry* entry : items) take(std::move(entry->second));
   }
 
   std::int32_t size() const { return static_cast<std::int32_t>(items_.size()); }
 
  private:
   using Table = std::unordered_map<Text, Pointer>;  // its entries stay where they are
-  using Entry = const typename Table::value_type;
+  using Entry = typename Table::value_type;
 
  public:
   class Iterator {

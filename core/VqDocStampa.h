@@ -59,7 +59,8 @@ class VqDocStampa : public Document {
   void bindComponents(const std::shared_ptr<JobFile>& file) override;
   void loadComponents(const std::shared_ptr<JobFile>& file) override;
   void renderComponents(XmlWriter& xml) const override;
-  void forgetLoadedLinks() noexcept override { Collegati.forgetLoaded(); }
+  std::int32_t links() const override { return Collegati.Count(); }
+  void keepLinks(std::int32_t count) noexcept override { Collegati.keepFirst(count); }
   void initialised() override { Copie.reset(); }
 };
 

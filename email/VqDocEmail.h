@@ -39,7 +39,8 @@ class VqDocEmail : public Document {
   void bindComponents(const std::shared_ptr<JobFile>& file) override;
   void loadComponents(const std::shared_ptr<JobFile>& file) override;
   void renderComponents(XmlWriter& xml) const override;
-  void forgetLoadedLinks() noexcept override { Collegati.forgetLoaded(); }
+  std::int32_t links() const override { return Collegati.Count(); }
+  void keepLinks(std::int32_t count) noexcept override { Collegati.keepFirst(count); }
 };
 
 }  // namespace orvane

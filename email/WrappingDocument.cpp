@@ -63,18 +63,18 @@ void WrappingDocument::Inizializza(TextView Id, enmVqDocTipo Tipo, TextView Perc
 }
 
 void WrappingDocument::Carica(TextView Percorso, TextView NomeFile) {
-  loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
-    const auto type = Apartment::profileAccess().LeggiIntero(*file, u"Tipo", u"Codice", -1);
-    const InnerDocument before = document_;
-    ImpostaDocumento(static_cast<enmVqDocTipo>(type));
-    inner().Carica(Percorso, NomeFile);
-    try {
+  const InnerDocument before = document_;
+  try {
+    loading(Inizializzato, Percorso, NomeFile, [&](const std::shared_ptr<JobFile>& file) {
+      const auto type = Apartment::profileAccess().LeggiIntero(*file, u"Tipo", u"Codice", -1);
+      ImpostaDocumento(static_cast<enmVqDocTipo>(type));
+      inner().Carica(Percorso, NomeFile);
       loadParts(inner().file_);
-    } catch (...) {
-      document_ = before;
-      throw;
-    }
-  });
+    });
+  } catch (...) {
+    if (document_.index() != 0 && inner().Inizializzato) document_ = before;
+    throw;
+  }
   Inizializzato = true;
 }
 

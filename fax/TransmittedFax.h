@@ -34,7 +34,8 @@ class TransmittedFax : public Document {
 
  protected:
   using Document::Document;
-  void forgetLoadedLinks() noexcept override { Collegati.forgetLoaded(); }
+  std::int32_t links() const override { return Collegati.Count(); }
+  void keepLinks(std::int32_t count) noexcept override { Collegati.keepFirst(count); }
   void initialised() override { Dimensione.Codice = vdd_A4; }
 };
 

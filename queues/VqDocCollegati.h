@@ -1,8 +1,6 @@
 // The documents that the server handles together with a document: one design for the three kinds.
 #pragma once
 
-#include <utility>
-
 #include "core/Component.h"
 #include "core/KeyedCollection.h"
 #include "typelib/enumerations.h"
@@ -75,11 +73,9 @@ class LinkedDocuments : public Component {
   friend VqDocEmail;
   friend TransmittedFax;
   void addListed(ProfileAccess& access, JobFile& file, std::int32_t position);
-  /// Takes out what the last load has added.
-  void forgetLoaded() noexcept { documents_.removeLast(std::exchange(loaded_, 0)); }
+  void keepFirst(std::int32_t count) noexcept { documents_.keepFirst(count); }
 
   KeyedCollection<Document> documents_;
-  std::int32_t loaded_ = 0;  // of them, at the end, by a load
 };
 
 /// What keeps a kind out of the collection, and whether the collection has XML.

@@ -36,11 +36,7 @@ void LinkedDocuments<Document, Traits>::LeggiFile() {
   const auto file = jobFile();
   const std::int32_t count = access.LeggiQuanti(*file, section(), u"NumeroCollegati");
   const LoadingChain link(file->fullName());
-  const std::int32_t before = Count();
-  for (std::int32_t position = 0; position < count; ++position) {
-    addListed(access, *file, position);
-    loaded_ = Count() - before;
-  }
+  for (std::int32_t position = 0; position < count; ++position) addListed(access, *file, position);
 }
 
 template <class Document, class Traits>

@@ -60,6 +60,13 @@ TYPED_TEST(DocumentBindingTest, BindingWritesIdKindAndOnlyForFaxesThePaperSize) 
   EXPECT_EQ(content.sections.size(), this->row.alwaysA4 ? 3u : 2u);
 }
 
+TYPED_TEST(DocumentBindingTest, IdMayBeATextOfTheDocument) {
+  const Text longName(100, u'x');  // longer than what a text keeps in itself
+  this->document.Proprieta.FileIntestazione.Nome = longName;
+  this->document.Inizializza(this->document.Proprieta.FileIntestazione.Nome, this->folder.path());
+  EXPECT_EQ(this->document.Proprieta.Id.get(), longName);
+}
+
 TYPED_TEST(DocumentBindingTest, BindingSetsIdAndKindInTheObject) {
   this->bindDocument();
   EXPECT_EQ(this->document.Proprieta.Id.get(), u"123");

@@ -120,5 +120,25 @@ TEST_F(KeyedCollectionTest, LeavesAnItemToWhoeverHoldsIt) {
   EXPECT_EQ(*held, 10);
 }
 
+TEST_F(KeyedCollectionTest, LetsItemsGoFirstToLast) {
+  std::vector<int> gone;
+  items.clear();
+  for (const char16_t* key : {u"c", u"a", u"b"})
+    items.add(key, Items::Pointer(new int(*key), [&](int* item) { gone.push_back(*item), delete item; }));
+  items.clear();
+  EXPECT_EQ(gone, (std::vector<int>{u'c', u'a', u'b'}));
+}
+
+// A client's item may do so when it ends.
+TEST_F(KeyedCollectionTest, MayBeChangedWhileItIsCleared) {
+  items.add(u"Bianco", Items::Pointer(new int(50), [&](int* item) {
+              items.add(u"Rosso", std::make_shared<int>(60));
+              delete item;
+            }));
+  items.clear();
+  EXPECT_EQ(values(), (std::vector{60}));
+  EXPECT_EQ(*find(u"Rosso"), 60);
+}
+
 }  // namespace
 }  // namespace orvane::test

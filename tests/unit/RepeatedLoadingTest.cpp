@@ -1,6 +1,9 @@
 // A load that failed can be tried again on the same object: what it added is taken back.
+#include <filesystem>
+
 #include "core/Numbers.h"
 #include "tests/support/JobTest.h"
+#include "tests/support/TemporaryName.h"
 
 namespace orvane::test {
 namespace {
@@ -101,6 +104,42 @@ TYPED_TEST(RepeatedLoading, OfAListWithADocumentThatTheClientAddedIs457EveryTime
   }
 }
 
+// What is in the way of the temporary lets a job be read and not written.
+class Obstacle {
+ public:
+  Obstacle(const TemporaryFolder& folder, TextView job)
+      : path_(folder.native(fromUtf8(temporaryName(lockNumberOf(job)))) / "in the way") {
+    std::filesystem::create_directories(path_);
+  }
+  Obstacle(const Obstacle&) = delete;
+  Obstacle& operator=(const Obstacle&) = delete;
+  ~Obstacle() { std::filesystem::remove_all(path_.parent_path()); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+using RepeatedLoadingOfFaxes = RepeatedLoading<VqDocFax>;
+
+TEST_F(RepeatedLoadingOfFaxes, TakesThemBackWhereTheirA4CannotLand) {
+  {
+    const Obstacle obstacle(folder, u"job.ini");
+    EXPECT_EQ(load(listOf({u"a"})), 75);
+  }
+  EXPECT_EQ(ids(), u"");
+  document.Collegati.Add(own(u"mine"));
+  EXPECT_EQ(load(u"[Tipo]\n" + Text(kNoLong)), 6);
+  EXPECT_EQ(ids(), u"mine ");
+  EXPECT_EQ(load(listOf({u"a"})), 0);
+  EXPECT_EQ(ids(), u"mine a ");
+}
+
+TEST_F(RepeatedLoadingOfFaxes, KeepsTheLinksOfALoadedFaxThatIsLoadedAgain) {
+  EXPECT_EQ(load(listOf({u"a"})), 0);
+  EXPECT_EQ(load(listOf({u"b"})), 445);
+  EXPECT_EQ(ids(), u"a ");
+}
+
 template <class Wrapping>
 class RepeatedLoadingOf : public JobTest {
  protected:
@@ -124,6 +163,17 @@ TYPED_TEST(RepeatedLoadingOf, AWrappingLetsGoOfTheDocumentThatItMade) {
   EXPECT_FALSE(this->wrapping.Inizializzato.get());
   EXPECT_EQ(this->load(u"[Tipo]\nCodice=2\n"), 0);
   EXPECT_TRUE(std::holds_alternative<std::shared_ptr<VqDocStampa>>(this->wrapping.Documento()));
+}
+
+TYPED_TEST(RepeatedLoadingOf, AWrappingLetsGoOfItWhereItsA4CannotLand) {
+  {
+    const Obstacle obstacle(this->folder, u"job.ini");
+    EXPECT_EQ(this->load(u"[Tipo]\nCodice=1\n"), 75);
+  }
+  EXPECT_EQ(this->wrapping.Documento().index(), 0u);
+  EXPECT_EQ(this->load(u"[Tipo]\nCodice=1\n"), 0);
+  EXPECT_EQ(this->load(u"[Tipo]\nCodice=1\n"), 445);
+  EXPECT_EQ(this->wrapping.Documento().index(), 1u);
 }
 
 TYPED_TEST(RepeatedLoadingOf, AWrappingKeepsTheDocumentThatWasThere) {
