@@ -57,9 +57,21 @@ std::wstring folderWithChain() {
   return folder;
 }
 
+int depthOf(_VqDocStampa& document) {
+  Ptr<_VqDocCollegatiStampa> links;
+  EXPECT_EQ(S_OK, document.get_Collegati(links.out()));
+  for (int depth = 0;; ++depth) {
+    Ptr<_VqDocStampa> next;
+    EXPECT_EQ(S_OK, links->get_Item(Value(0L), next.out()));
+    if (!next) return depth;
+    EXPECT_EQ(S_OK, next->get_Collegati(links.out()));
+  }
+}
+
 TEST(Links, AreLoadedRenderedAndReleased500LevelsDeepInAMegabyteOfStack) {
   withStack(kUsualStack, {[](_VqDocStampa& document, const std::wstring& folder) {
                             EXPECT_EQ(S_OK, document.Carica(Bstr(folder), Bstr(L"0.lvq")));
+                            EXPECT_EQ(kDeep, depthOf(document));
                             Bstr xml;
                             EXPECT_EQ(S_OK, document.Xml(xml.out()));
                             EXPECT_NE(L"", xml.text());
