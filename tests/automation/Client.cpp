@@ -69,12 +69,19 @@ void invoke(Outcome& outcome, IDispatch* object, const wchar_t* name, WORD flags
                                   &outcome.value, &outcome.error, &outcome.wrongArgument);
 }
 
+Ptr<_VqDocumenti> newFactory() {
+  Ptr<IClassFactory> classes;
+  Ptr<_VqDocumenti> made;
+  EXPECT_EQ(S_OK, Server::classObject(__uuidof(VqDocumenti), IID_IClassFactory, classes.outVoid()));
+  EXPECT_EQ(S_OK, classes->CreateInstance(nullptr, __uuidof(_VqDocumenti), made.outVoid()));
+  return made;
+}
+
 void Automation::SetUp() {
   ASSERT_EQ(S_OK, CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
   ASSERT_NE(nullptr, Server::module());
-  Ptr<IClassFactory> classes;
-  ASSERT_EQ(S_OK, Server::classObject(__uuidof(VqDocumenti), IID_IClassFactory, classes.outVoid()));
-  ASSERT_EQ(S_OK, classes->CreateInstance(nullptr, __uuidof(_VqDocumenti), factory.outVoid()));
+  factory = newFactory();
+  ASSERT_TRUE(factory);
 }
 
 void Automation::TearDown() {

@@ -87,6 +87,9 @@ class Server {
   static bool isIdle();
 };
 
+/// A new factory in this thread's apartment.
+Ptr<_VqDocumenti> newFactory();
+
 /// A new folder of its own for job files; removed by nobody, below the build folder.
 std::wstring newFolder();
 

@@ -9,14 +9,6 @@ using namespace client;
 
 using Apartments = Automation;
 
-Ptr<_VqDocumenti> newFactory() {
-  Ptr<IClassFactory> classes;
-  Ptr<_VqDocumenti> made;
-  EXPECT_EQ(S_OK, Server::classObject(__uuidof(VqDocumenti), IID_IClassFactory, classes.outVoid()));
-  EXPECT_EQ(S_OK, classes->CreateInstance(nullptr, __uuidof(_VqDocumenti), made.outVoid()));
-  return made;
-}
-
 // Runs `body` in a single-threaded apartment of its own and goes on handling messages here, where calls
 // arrive.
 template <class Body>

@@ -69,12 +69,7 @@ TEST_F(Failures, OfReleasedServicesComeBehindTheFirstValueOfADuplication) {
   ASSERT_EQ(S_OK, from->Carica(Bstr(folder), Bstr(L"1.vqs")));
   ASSERT_EQ(S_OK, to->Inizializza(Bstr(L"7"), Bstr(folder), VARIANT_FALSE));
   auto *source = from.get(), *destination = to.get();
-  {
-    Ptr<IClassFactory> classes;
-    Ptr<_VqDocumenti> another;
-    ASSERT_EQ(S_OK, Server::classObject(__uuidof(VqDocumenti), IID_IClassFactory, classes.outVoid()));
-    ASSERT_EQ(S_OK, classes->CreateInstance(nullptr, __uuidof(_VqDocumenti), another.outVoid()));
-  }
+  newFactory();  // another one, which goes at once
   EXPECT_EQ(runtimeError(91), factory->DuplicaDocumentoStampa(&source, &destination));
   Ptr<_VqDocAlimentazione> tray;
   ASSERT_EQ(S_OK, to->get_Alimentazione(tray.out()));

@@ -9,14 +9,6 @@ using namespace client;
 constexpr SIZE_T kUsualStack = 1 << 20;
 constexpr int kDeep = 500;
 
-Ptr<_VqDocumenti> newFactory() {
-  Ptr<IClassFactory> classes;
-  Ptr<_VqDocumenti> made;
-  EXPECT_EQ(S_OK, Server::classObject(__uuidof(VqDocumenti), IID_IClassFactory, classes.outVoid()));
-  EXPECT_EQ(S_OK, classes->CreateInstance(nullptr, __uuidof(_VqDocumenti), made.outVoid()));
-  return made;
-}
-
 struct Thread {
   void (*work)(_VqDocStampa& document, const std::wstring& folder);
   std::wstring folder;
