@@ -200,7 +200,9 @@ def _swapped_arguments(source, place):
 def _is_call(source, place):
     """Whether arguments stand here whose order could tell. Binding only keeps a pointer: none can see in which order."""
     before = source.tokens[place - 1]
-    return before.text != "bind" and (before.kind == "word" and before.text not in NO_CALL or before.text == ">") and place - 1 not in source.off
+    if before.text in ("bind", *NO_CALL) or place - 1 in source.off:
+        return False
+    return before.kind == "word" or before.text == ">"
 
 
 def _arguments(source, place):
