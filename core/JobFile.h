@@ -25,7 +25,7 @@ namespace orvane {
 /// only); 61 no room; 57 the device failed; 52 a name that cannot be a file's; 67 no handle left; 7 a file of
 /// more than 2 GB; 75 anything else, as a directory of that name. After an error the file is what it was;
 /// after that of a flush it may be the new one, not known to be on the device. A write that changes nothing
-/// writes nothing and needs no right to.
+/// writes nothing.
 class JobFile {
  public:
   /// `fullName` is folder\name. Touches nothing.
