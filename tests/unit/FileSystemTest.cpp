@@ -1,16 +1,13 @@
 #include "core/FileSystem.h"
 
-#include <unistd.h>
-
 #include <fstream>
 
 #include "tests/support/JobTest.h"
+#include "tests/support/PlainUser.h"
 #include "tests/support/PresentFolder.h"
 
 namespace orvane::test {
 namespace {
-
-constexpr uid_t kNobody = 65534;
 
 class FileSystemTest : public testing::Test {
  protected:
@@ -85,13 +82,11 @@ TEST_F(FileSystemTest, RaisesPermissionDeniedWhereTheFolderRefuses) {
   folder.write(u"chiusa\\b", "y");
   std::filesystem::permissions(folder.native(), std::filesystem::perms{0755});
   std::filesystem::permissions(folder.native(u"chiusa"), std::filesystem::perms{0555});
-  const uid_t user = geteuid();
-  // Nothing is refused to root.
-  if (user == 0) {
-    ASSERT_EQ(seteuid(kNobody), 0);
+  int number = 0;
+  {
+    const PlainUser user;
+    number = errorOf([&] { files->copyFile(folder.file(u"da"), folder.file(u"chiusa\\a")); });
   }
-  const int number = errorOf([&] { files->copyFile(folder.file(u"da"), folder.file(u"chiusa\\a")); });
-  ASSERT_EQ(seteuid(user), 0);
   std::filesystem::permissions(folder.native(u"chiusa"), std::filesystem::perms{0755});
   EXPECT_EQ(number, 70);
 }
